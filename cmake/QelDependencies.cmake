@@ -1,0 +1,21 @@
+# What the library stands on. Nothing is fetched: Debian packages on Linux, their headers staged for Windows.
+if(WIN32)
+  # The cross compiler must never see /usr/include, so each header-only package gets one link in a folder of its own.
+  set(QEL_STAGED ${CMAKE_BINARY_DIR}/staged)
+  file(MAKE_DIRECTORY ${QEL_STAGED})
+  foreach(package boost CLI)
+    if(EXISTS /usr/include/${package})
+      file(CREATE_LINK /usr/include/${package} ${QEL_STAGED}/${package} SYMBOLIC)
+    endif()
+  endforeach()
+  add_library(qel_boost INTERFACE)
+  target_include_directories(qel_boost SYSTEM INTERFACE $<BUILD_INTERFACE:${QEL_STAGED}>)
+  target_compile_definitions(qel_boost INTERFACE BOOST_STACKTRACE_USE_WINDBG)
+  target_link_libraries(qel_boost INTERFACE dbgeng ole32)
+  enable_language(RC)
+  # Our string tables are UTF-8 text.
+  set(CMAKE_RC_FLAGS "${CMAKE_RC_FLAGS} -c 65001")
+else()
+  find_package(Boost 1.74 REQUIRED COMPONENTS stacktrace_backtrace)
+  find_package(ICU REQUIRED COMPONENTS i18n uc)
+endif()

@@ -1,0 +1,130 @@
+#include "qel_cstring.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "exceptions.h"
+
+#define QEL_SOURCE L"src/cstring"
+
+namespace {
+
+// Unicode White_Space, spelled out so that no locale can change it.
+constexpr wchar_t kWhiteSpace[] =
+    L"\t\n\v\f\r \u0085\u00A0\u1680\u2000\u2001\u2002\u2003\u2004\u2005\u2006\u2007\u2008\u2009\u200A\u2028\u2029"
+    L"\u202F\u205F\u3000";
+
+std::wstring_view OrEmpty(const wchar_t* text) noexcept { return text ? std::wstring_view(text) : std::wstring_view(); }
+
+int Position(std::size_t found) noexcept { return found == std::wstring::npos ? -1 : static_cast<int>(found); }
+
+}  // namespace
+
+CString::CString(const wchar_t* text) : m_Text(OrEmpty(text)) {}
+
+CString::CString(const wchar_t* text, int length) {
+  if (text && length > 0) m_Text.assign(text, static_cast<std::size_t>(length));
+}
+
+CString::CString(wchar_t ch, int repeat) : m_Text(static_cast<std::size_t>(std::max(repeat, 0)), ch) {}
+
+CString::CString(std::wstring text) noexcept : m_Text(std::move(text)) {}
+
+CString::CString(std::wstring_view text) : m_Text(text) {}
+
+wchar_t CString::GetAt(int index) const {
+  QEL_REQUIRE(index >= 0 && index <= GetLength(), L"index >= 0 && index <= GetLength()");
+  return m_Text.c_str()[index];
+}
+
+void CString::SetAt(int index, wchar_t ch) {
+  QEL_REQUIRE(index >= 0 && index < GetLength(), L"index >= 0 && index < GetLength()");
+  m_Text[static_cast<std::size_t>(index)] = ch;
+}
+
+CString& CString::operator+=(const CString& text) {
+  m_Text += text.m_Text;
+  return *this;
+}
+
+CString& CString::operator+=(const wchar_t* text) {
+  m_Text += OrEmpty(text);
+  return *this;
+}
+
+CString& CString::operator+=(wchar_t ch) {
+  m_Text += ch;
+  return *this;
+}
+
+int CString::Compare(const wchar_t* other) const noexcept {
+  const int order = m_Text.compare(OrEmpty(other));
+  return (order > 0) - (order < 0);
+}
+
+CString& CString::Trim() { return TrimRight().TrimLeft(); }
+CString& CString::TrimLeft() { return TrimLeft(kWhiteSpace); }
+CString& CString::TrimRight() { return TrimRight(kWhiteSpace); }
+
+CString& CString::TrimLeft(const wchar_t* set) {
+  m_Text.erase(0, std::min(m_Text.find_first_not_of(OrEmpty(set)), m_Text.size()));
+  return *this;
+}
+
+CString& CString::TrimRight(const wchar_t* set) {
+  m_Text.erase(m_Text.find_last_not_of(OrEmpty(set)) + 1);  // npos + 1 is 0
+  return *this;
+}
+
+int CString::Replace(const wchar_t* from, const wchar_t* to) {
+  const std::wstring_view old = OrEmpty(from);
+  if (old.empty()) return 0;
+  std::wstring result;
+  int count = 0;
+  std::size_t done = 0;
+  for (std::size_t at = m_Text.find(old); at != std::wstring::npos; at = m_Text.find(old, done), ++count) {
+    result.append(m_Text, done, at - done).append(OrEmpty(to));
+    done = at + old.size();
+  }
+  if (count == 0) return 0;
+  result.append(m_Text, done);
+  m_Text = std::move(result);
+  return count;
+}
+
+int CString::Replace(wchar_t from, wchar_t to) {
+  const auto count = std::count(m_Text.begin(), m_Text.end(), from);
+  std::replace(m_Text.begin(), m_Text.end(), from, to);
+  return static_cast<int>(count);
+}
+
+int CString::Find(const wchar_t* text, int start) const noexcept {
+  return Position(m_Text.find(OrEmpty(text), static_cast<std::size_t>(std::max(start, 0))));
+}
+
+int CString::Find(wchar_t ch, int start) const noexcept {
+  return Position(m_Text.find(ch, static_cast<std::size_t>(std::max(start, 0))));
+}
+
+CString CString::Left(int count) const { return Mid(0, count); }
+
+CString CString::Right(int count) const { return Mid(GetLength() - std::clamp(count, 0, GetLength())); }
+
+CString CString::Mid(int first) const { return Mid(first, GetLength()); }
+
+CString CString::Mid(int first, int count) const {
+  const int from = std::clamp(first, 0, GetLength());
+  return CString(m_Text.substr(static_cast<std::size_t>(from), static_cast<std::size_t>(std::max(count, 0))));
+}
+
+CString CString::Tokenize(const wchar_t* separators, int& start) const {
+  const std::wstring_view set = OrEmpty(separators);
+  const std::size_t first = start < 0 ? std::wstring::npos : m_Text.find_first_not_of(set, static_cast<std::size_t>(start));
+  if (first == std::wstring::npos) {
+    start = -1;
+    return {};
+  }
+  const std::size_t last = std::min(m_Text.find_first_of(set, first), m_Text.size());
+  start = static_cast<int>(last) + 1;
+  return CString(m_Text.substr(first, last - first));
+}
