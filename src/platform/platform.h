@@ -1,10 +1,14 @@
-// The only way from the library to the operating system. On Windows these are the system's own functions; elsewhere
-// the sources in linux/ answer as Windows does: same status codes, same sizes, same corner cases. A function is
-// declared here only when the library calls it; tests/platform holds every one to its contract on both systems.
+// The only way from the library to the operating system. On Windows these are the system's own functions;
+// elsewhere the sources in linux/ answer as Windows does: same status codes, same sizes, same corner cases. A
+// function is declared here only when the library calls it; tests/platform holds every one to its contract on
+// both systems.
 #ifndef QEL_PLATFORM_PLATFORM_H
 #define QEL_PLATFORM_PLATFORM_H
 
 #include "platform_types.h"
+
+// The library's own code page: Arabic, one byte a character.
+constexpr UINT kArabicCodePage = 1256;
 
 #ifdef _WIN32
 
@@ -14,6 +18,27 @@
 
 // Clock. Fills the record with the local time of one instant.
 void GetLocalTime(SYSTEMTIME* time);
+
+// The calling thread's code of the last call that failed. A call that succeeds leaves it alone.
+DWORD GetLastError();
+void SetLastError(DWORD code);
+
+// Code pages. A length counts items of the input; negative means up to and including the terminator. `room`
+// counts items of `out`; 0 asks how many are needed. Result: items written or needed, terminator included
+// only where the input had it; 0 is failure, with the last error:
+//   87    no input (null, or a length of 0), null `out` with room, or a code page other than 1256, 65001 and
+//   the
+//         thread's own (3, which is 1256 here)
+//   122   the room does not do: `out` holds the characters that fitted
+//   1004  flags, which are always 0
+// In 1256 a character outside the page becomes its best fit or "?". Broken UTF-8 gives U+FFFD, a lone
+// surrogate is encoded as U+FFFD, and an element above U+FFFF counts as its two units.
+constexpr UINT CP_THREAD_ACP = 3;
+constexpr UINT CP_UTF8 = 65001;
+int MultiByteToWideChar(UINT codePage, DWORD flags, const char* bytes, int length, wchar_t* out, int room);
+// `defaultChar` and `usedDefault` are always null (87).
+int WideCharToMultiByte(UINT codePage, DWORD flags, const wchar_t* text, int length, char* out, int room,
+                        const char* defaultChar, BOOL* usedDefault);
 
 #endif
 

@@ -10,7 +10,8 @@ void GetLocalTime(SYSTEMTIME* time) {
   std::tm local{};
   localtime_r(&seconds, &local);
   const auto word = [](auto value) { return static_cast<WORD>(value); };
-  *time = {word(local.tm_year + 1900), word(local.tm_mon + 1), word(local.tm_wday),
-           word(local.tm_mday),        word(local.tm_hour),    word(local.tm_min),
+  *time = {word(local.tm_year + 1900), word(local.tm_mon + 1),
+           word(local.tm_wday),        word(local.tm_mday),
+           word(local.tm_hour),        word(local.tm_min),
            word(local.tm_sec),         word(duration_cast<milliseconds>(now).count() % 1000)};
 }

@@ -1,0 +1,222 @@
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstring>
+#include <cwchar>
+#include <iterator>
+
+#include "data/cp1256.h"
+#include "platform/platform.h"
+
+namespace {
+
+constexpr DWORD kInvalidParameter = 87;
+constexpr DWORD kBufferTooSmall = 122;
+constexpr DWORD kInvalidFlags = 1004;
+constexpr char32_t kReplacement = 0xFFFD;
+
+int Fail(DWORD code) {
+  SetLastError(code);
+  return 0;
+}
+
+// Takes the items of a conversion: writes them while they fit, or only counts them when there is no room at
+// all.
+template <class Item>
+class Output {
+ public:
+  Output(Item* buffer, int room) : m_Buffer(buffer), m_Room(static_cast<std::size_t>(room)) {}
+
+  bool IsQuery() const { return m_Room == 0; }
+  std::size_t Room() const { return m_Room; }
+  Item* Buffer() const { return m_Buffer; }
+  // The first `count` items have been written into the buffer.
+  void Skip(std::size_t count) { m_Count += count; }
+
+  // All items or none, so that no character is cut in two. False when they do not fit.
+  bool Put(const Item* items, std::size_t count) {
+    if (!IsQuery()) {
+      if (m_Room - m_Count < count) return false;
+      std::copy_n(items, count, m_Buffer + m_Count);
+    }
+    m_Count += count;
+    return true;
+  }
+
+  int Finish(bool complete) const { return complete ? static_cast<int>(m_Count) : Fail(kBufferTooSmall); }
+
+ private:
+  Item* m_Buffer;
+  std::size_t m_Room;
+  std::size_t m_Count = 0;
+};
+
+// Byte of every unit in two steps: the block of the unit's high byte, then its entry for the low byte. Units
+// of the page and their best fits share 9 blocks; all others share the first, which is nothing but "?".
+struct EncodeTable {
+  static constexpr std::size_t kBlocks = 10;
+  std::array<unsigned char, 256> blockOf{};
+  std::array<std::array<char, 256>, kBlocks> bytes{};
+
+  constexpr EncodeTable() {
+    for (auto& block : bytes) block.fill('?');
+    unsigned char used = 0;
+    for (unsigned byte = 0; byte < 256; ++byte) Set(cp1256::kUnitOfByte[byte], byte, used);
+    for (const auto& fit : cp1256::kBestFits) Set(fit.unit, fit.byte, used);
+  }
+
+  constexpr char operator[](char16_t unit) const { return bytes[blockOf[unit >> 8]][unit & 0xFF]; }
+
+ private:
+  constexpr void Set(char16_t unit, unsigned byte, unsigned char& used) {
+    unsigned char& block = blockOf[unit >> 8];
+    if (block == 0) block = ++used;
+    bytes[block][unit & 0xFF] = static_cast<char>(byte);
+  }
+};
+
+constexpr EncodeTable kByteOfUnit;
+
+constexpr bool IsLead(char32_t unit) {
+  return (unit & 0xFFFFFC00) == 0xD800;
+}
+constexpr bool IsTrail(char32_t unit) {
+  return (unit & 0xFFFFFC00) == 0xDC00;
+}
+// A literal can bring an element that is no single unit.
+constexpr bool IsPair(wchar_t element) {
+  return static_cast<char32_t>(element) > 0xFFFF;
+}
+
+// Both loops below look at the room once and never again: this is how every file and record is read and
+// written.
+int Decode1256(const char* bytes, std::size_t length, Output<wchar_t> out) {
+  if (out.IsQuery()) return static_cast<int>(length);
+  const std::size_t count = std::min(length, out.Room());
+  wchar_t* to = out.Buffer();
+  for (std::size_t i = 0; i < count; ++i) to[i] = cp1256::kUnitOfByte[static_cast<unsigned char>(bytes[i])];
+  out.Skip(count);
+  return out.Finish(count == length);
+}
+
+int Encode1256(const wchar_t* text, std::size_t length, Output<char> out) {
+  std::size_t done = 0;
+  if (!out.IsQuery()) {
+    const std::size_t count = std::min(length, out.Room());
+    char* to = out.Buffer();
+    for (; done < count && !IsPair(text[done]); ++done)
+      to[done] = kByteOfUnit[static_cast<char16_t>(text[done])];
+    out.Skip(done);
+  }
+  bool fits = true;
+  for (; done < length && fits; ++done) {
+    const char byte = kByteOfUnit[static_cast<char16_t>(text[done])];
+    fits = IsPair(text[done]) ? out.Put("?", 1) && out.Put("?", 1) : out.Put(&byte, 1);
+  }
+  return out.Finish(fits);
+}
+
+bool PutUtf8(Output<char>& out, char32_t ch) {
+  const auto tail = [ch](int shift) { return static_cast<char>(0x80 | (ch >> shift & 0x3F)); };
+  const auto lead = [ch](unsigned mark, int shift) { return static_cast<char>(mark | ch >> shift); };
+  if (ch < 0x80) {
+    const char bytes[] = {static_cast<char>(ch)};
+    return out.Put(bytes, 1);
+  }
+  if (ch < 0x800) {
+    const char bytes[] = {lead(0xC0, 6), tail(0)};
+    return out.Put(bytes, 2);
+  }
+  if (ch < 0x10000) {
+    const char bytes[] = {lead(0xE0, 12), tail(6), tail(0)};
+    return out.Put(bytes, 3);
+  }
+  const char bytes[] = {lead(0xF0, 18), tail(12), tail(6), tail(0)};
+  return out.Put(bytes, 4);
+}
+
+int EncodeUtf8(const wchar_t* text, std::size_t length, Output<char> out) {
+  bool fits = true;
+  for (std::size_t i = 0; i < length && fits; ++i) {
+    auto ch = static_cast<char32_t>(text[i]);
+    if (IsLead(ch) && i + 1 < length && IsTrail(static_cast<char32_t>(text[i + 1]))) {
+      ch = 0x10000 + ((ch & 0x3FF) << 10) + (static_cast<char32_t>(text[++i]) & 0x3FF);
+    } else if (IsLead(ch) || IsTrail(ch) || ch > 0x10FFFF) {
+      ch = kReplacement;
+    }
+    fits = PutUtf8(out, ch);
+  }
+  return out.Finish(fits);
+}
+
+bool PutUnits(Output<wchar_t>& out, char32_t ch) {
+  if (ch < 0x10000) {
+    const wchar_t unit = static_cast<wchar_t>(ch);
+    return out.Put(&unit, 1);
+  }
+  const wchar_t pair[] = {static_cast<wchar_t>(0xD7C0 + (ch >> 10)),
+                          static_cast<wchar_t>(0xDC00 | (ch & 0x3FF))};
+  return out.Put(pair, 2);
+}
+
+// How many bytes follow a lead byte; -1 for a byte that begins nothing.
+int TailLength(unsigned char lead) {
+  if (lead < 0x80) return 0;
+  if (lead < 0xC2 || lead > 0xF4) return -1;
+  return lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
+}
+
+// Too long a form, a surrogate or beyond the last character: seen as soon as the second byte is known.
+bool IsImpossible(unsigned char lead, unsigned char second) {
+  return (lead == 0xE0 && second < 0xA0) || (lead == 0xED && second > 0x9F) ||
+         (lead == 0xF0 && second < 0x90) || (lead == 0xF4 && second > 0x8F);
+}
+
+// The character at `at`, which moves behind it. A broken sequence gives one replacement and ends before the
+// first byte that cannot continue it, or behind the second byte when the first two already exclude each
+// other.
+char32_t NextOfUtf8(const char*& at, const char* end) {
+  const auto lead = static_cast<unsigned char>(*at++);
+  const int tail = TailLength(lead);
+  if (tail == 0) return lead;
+  if (tail < 0) return kReplacement;
+  char32_t ch = lead & (0x3Fu >> tail);
+  for (int i = 0; i < tail; ++i) {
+    if (at == end || (static_cast<unsigned char>(*at) & 0xC0) != 0x80) return kReplacement;
+    const auto byte = static_cast<unsigned char>(*at++);
+    if (i == 0 && IsImpossible(lead, byte)) return kReplacement;
+    ch = ch << 6 | (byte & 0x3Fu);
+  }
+  return ch;
+}
+
+int DecodeUtf8(const char* bytes, std::size_t length, Output<wchar_t> out) {
+  const char* const end = bytes + length;
+  bool fits = true;
+  while (bytes != end && fits) fits = PutUnits(out, NextOfUtf8(bytes, end));
+  return out.Finish(fits);
+}
+
+// Whether the arguments that both directions share can be used; else the last error is set.
+bool Accepts(UINT codePage, DWORD flags, const void* text, int length, const void* out, int room) {
+  const bool known = codePage == kArabicCodePage || codePage == CP_UTF8 || codePage == CP_THREAD_ACP;
+  if (!known || !text || length == 0 || room < 0 || (room > 0 && !out)) return Fail(kInvalidParameter) != 0;
+  if (flags != 0) return Fail(kInvalidFlags) != 0;
+  return true;
+}
+
+}  // namespace
+
+int MultiByteToWideChar(UINT codePage, DWORD flags, const char* bytes, int length, wchar_t* out, int room) {
+  if (!Accepts(codePage, flags, bytes, length, out, room)) return 0;
+  const std::size_t count = length < 0 ? std::strlen(bytes) + 1 : static_cast<std::size_t>(length);
+  return codePage == CP_UTF8 ? DecodeUtf8(bytes, count, {out, room}) : Decode1256(bytes, count, {out, room});
+}
+
+int WideCharToMultiByte(UINT codePage, DWORD flags, const wchar_t* text, int length, char* out, int room,
+                        const char* defaultChar, BOOL* usedDefault) {
+  if (defaultChar || usedDefault) return Fail(kInvalidParameter);
+  if (!Accepts(codePage, flags, text, length, out, room)) return 0;
+  const std::size_t count = length < 0 ? std::wcslen(text) + 1 : static_cast<std::size_t>(length);
+  return codePage == CP_UTF8 ? EncodeUtf8(text, count, {out, room}) : Encode1256(text, count, {out, room});
+}

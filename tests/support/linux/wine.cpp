@@ -1,0 +1,3 @@
+#include "support/golden.h"
+
+bool RunsUnderWine() { return false; }

@@ -1,0 +1,5 @@
+#include <windows.h>
+
+#include "support/golden.h"
+
+bool RunsUnderWine() { return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr; }
