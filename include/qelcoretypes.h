@@ -3,7 +3,9 @@
 #define QEL_QELCORETYPES_H
 
 #include "cobject.h"
+#include "digits.h"
 #include "exceptions.h"
+#include "format.h"
 #include "platform_types.h"
 #include "qel_cstring.h"
 #include "qel_export.h"
