@@ -38,8 +38,8 @@ class QEL_API CException : public CObject {
 
   // "CException" for the whole family.
   CRuntimeClass* GetRuntimeClass() const override;
-  // Both leave an empty text in `buffer` (when it has room), 0 in `*help`, and return 0: the family's text comes
-  // from GetError().
+  // Both leave an empty text in `buffer` (when it has room), 0 in `*help`, and return 0: the family's text
+  // comes from GetError().
   virtual BOOL GetErrorMessage(wchar_t* buffer, unsigned size, unsigned* help) const;
   virtual BOOL GetErrorMessage(wchar_t* buffer, unsigned size, unsigned* help = nullptr);
   // Shows nothing and returns 0.

@@ -28,7 +28,8 @@ enum MRX_TYPE : int { MRX_OUT_OF_MEMORY = 1, MRX_CANT_LOCK = 2, MRX_CANT_RELEASE
 // What was wrong with a parameter. 0 is not used.
 enum PMX_TYPE : int { PMX_INVALID = 1, PMX_MISSING = 2, PMX_OUT_OF_RANGE = 3 };
 
-// Every constructor of the family ends in (source path, function signature, line, call stack of the raising site).
+// Every constructor of the family ends in (source path, function signature, line, call stack of the raising
+// site).
 class QEL_API qel_exception : public CException {
  public:
   qel_exception(const wchar_t* message, const wchar_t* source, const char* function, int line,
@@ -56,12 +57,12 @@ class QEL_API qel_exception : public CException {
 };
 
 // Declares a member of the family that adds nothing but its name.
-#define QEL_MESSAGE_EXCEPTION(Name, Text)                                                     \
-  class QEL_API Name : public qel_exception {                                                 \
-   public:                                                                                    \
-    Name(Text message, const wchar_t* source, const char* function, int line,                 \
-         boost::stacktrace::stacktrace trace);                                                \
-    ~Name() override;                                                                         \
+#define QEL_MESSAGE_EXCEPTION(Name, Text)                                     \
+  class QEL_API Name : public qel_exception {                                 \
+   public:                                                                    \
+    Name(Text message, const wchar_t* source, const char* function, int line, \
+         boost::stacktrace::stacktrace trace);                                \
+    ~Name() override;                                                         \
   }
 
 QEL_MESSAGE_EXCEPTION(qel_security_exception, const wchar_t*);
@@ -118,11 +119,12 @@ class QEL_API CurrencyNotFoundException : public qel_exception {
   ~CurrencyNotFoundException() override;
 };
 
-// The calling thread's stack, cut so that exactly two frames lie above the frame that returns to `site`: the report
-// drops those two, and line "#1" names the function that raised.
+// The calling thread's stack, cut so that exactly two frames lie above the frame that returns to `site`: the
+// report drops those two, and line "#1" names the function that raised.
 QEL_API QEL_NOINLINE boost::stacktrace::stacktrace CaptureStack(const void* site);
 
-// Makes an exception for the caller to throw; the only maker, so that the two frames above are always the same.
+// Makes an exception for the caller to throw; the only maker, so that the two frames above are always the
+// same.
 template <class Exception, class... Leading>
 QEL_NOINLINE Exception* MakeException(const wchar_t* source, const char* function, int line,
                                       Leading&&... leading) {
@@ -130,8 +132,9 @@ QEL_NOINLINE Exception* MakeException(const wchar_t* source, const char* functio
                        CaptureStack(__builtin_return_address(0)));
 }
 
-// Text of a call stack: "#n description\n" for each frame. The counter starts at `skip` and is printed when greater
-// than 0; printing stops once it has reached `max`. So (-2, 8) drops two frames and prints at most eight.
+// Text of a call stack: "#n description\n" for each frame. The counter starts at `skip` and is printed when
+// greater than 0; printing stops once it has reached `max`. So (-2, 8) drops two frames and prints at most
+// eight.
 QEL_API CString StackTraceList(const boost::stacktrace::stacktrace& trace, int skip, int max);
 // The same for the calling thread's current stack.
 QEL_API CString StackTraceList(int skip, int max);
@@ -141,20 +144,20 @@ QEL_API CString StackTraceList(int skip, int max);
 
 }  // namespace Qel::Sys::Exceptions
 
-// Raise `Class` (a member of the family) with its leading arguments, as QEL_SOURCE and the real line, or as the path
-// and line given: crash reports are grouped by them, so some sites keep fixed ones.
+// Raise `Class` (a member of the family) with its leading arguments, as QEL_SOURCE and the real line, or as
+// the path and line given: crash reports are grouped by them, so some sites keep fixed ones.
 #define QEL_RAISE(Class, ...) QEL_RAISE_AT(Class, QEL_SOURCE, __LINE__ __VA_OPT__(, ) __VA_ARGS__)
-#define QEL_RAISE_AT(Class, path, line, ...)                                                       \
-  throw ::Qel::Sys::Exceptions::MakeException<::Qel::Sys::Exceptions::Class>(path, __PRETTY_FUNCTION__, \
-                                                                             line __VA_OPT__(, ) __VA_ARGS__)
+#define QEL_RAISE_AT(Class, path, line, ...)                                  \
+  throw ::Qel::Sys::Exceptions::MakeException<::Qel::Sys::Exceptions::Class>( \
+      path, __PRETTY_FUNCTION__, line __VA_OPT__(, ) __VA_ARGS__)
 
-// Raise TXAssertion with `text` unless `condition` holds, in every build. The text is given and not made from the
-// condition, since formatter and macros change that.
+// Raise TXAssertion with `text` unless `condition` holds, in every build. The text is given and not made from
+// the condition, since formatter and macros change that.
 #define QEL_REQUIRE(condition, text) QEL_REQUIRE_AT(condition, text, QEL_SOURCE, __LINE__)
-#define QEL_REQUIRE_AT(condition, text, path, line)              \
-  do {                                                           \
-    if (!(condition)) [[unlikely]]                               \
-      QEL_RAISE_AT(TXAssertion, path, line, text);               \
+#define QEL_REQUIRE_AT(condition, text, path, line) \
+  do {                                              \
+    if (!(condition)) [[unlikely]]                  \
+      QEL_RAISE_AT(TXAssertion, path, line, text);  \
   } while (false)
 
 #endif  // QEL_EXCEPTIONS_H

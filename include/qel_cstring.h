@@ -22,7 +22,8 @@ class QEL_API CString {
   CString(const wchar_t* text);
   // The first `length` units. Null, or a length of 0 or less, gives an empty text.
   CString(const wchar_t* text, int length);
-  // Narrow text in the calling thread's code page. Null gives an empty text. Raises as GetCStringFromStdString.
+  // Narrow text in the calling thread's code page. Null gives an empty text. Raises as
+  // GetCStringFromStdString.
   explicit CString(const char* narrow);
   // `repeat` copies of `ch`; none when `repeat` is 0 or less.
   explicit CString(wchar_t ch, int repeat = 1);
@@ -74,8 +75,8 @@ class QEL_API CString {
   CString Mid(int first) const;
   CString Mid(int first, int count) const;
 
-  // The next run of units not in `separators`, from `start` on; `start` moves behind it and its separator, and
-  // becomes -1 with an empty result when there is none left.
+  // The next run of units not in `separators`, from `start` on; `start` moves behind it and its separator,
+  // and becomes -1 with an empty result when there is none left.
   CString Tokenize(const wchar_t* separators, int& start) const;
 
   friend bool operator==(const CString& a, const CString& b) noexcept { return a.m_Text == b.m_Text; }

@@ -6,8 +6,16 @@
 #include "digits.h"
 #include "exceptions.h"
 #include "format.h"
+#include "list.h"
+#include "list_base.h"
+#include "msg_text.h"
+#include "observer.h"
 #include "platform_types.h"
 #include "qel_cstring.h"
 #include "qel_export.h"
+#include "sys_errors.h"
+#include "theme.h"
+#include "tstring.h"
+#include "xlist.h"
 
 #endif  // QEL_QELCORETYPES_H
