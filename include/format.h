@@ -2,7 +2,7 @@
 // switch and the language of texts. Every conversion of the library reads the one exported instance; a host
 // changes them all by writing to it at start-up:
 //
-//   SysFormat.DateFmt = DF_YYYYMMDD;
+//   SysFormat.DateFmt = Format::DF_YYYYMMDD;
 //   SysFormat.UseHijri = true;
 //
 // Nested is the small calculator behind number fields, where a user may type "12*3+4".
@@ -19,37 +19,37 @@
 
 namespace Qel::Sys::Settings {
 
-// The order in which dates are written and read. The two long forms are padded with zeros.
-enum DATE_FORMAT : int { DF_DMY = 0, DF_DDMMYYYY = 1, DF_YMD = 2, DF_YYYYMMDD = 3 };
-
-// The step to which RoundVal rounds; the name is the step. Hosts store the numbers.
-enum ROUND_PREC : int {
-  RP_NONE = 0,
-  RP_0_01 = 1,
-  RP_0_05 = 2,
-  RP_0_1 = 3,
-  RP_0_5 = 4,
-  RP_1 = 5,
-  RP_5 = 6,
-  RP_10 = 7,
-  RP_50 = 8,
-  RP_100 = 9,
-  RP_0_25 = 10,
-  RP_2_5 = 11,
-  RP_25 = 12,
-  RP_250 = 13,
-  RP_500 = 14,
-  RP_0_001 = 15,
-  RP_0_005 = 16,
-  RP_0_025 = 17,
-};
-
-// Where RoundVal takes a value that lies half-way between two steps: away from zero, towards plus infinity,
-// or to the even one of the two.
-enum ROUND_TYPE : int { RT_HALF_AWAY = 0, RT_HALF_UP = 1, RT_HALF_EVEN = 2 };
-
 // A plain record: copies and moves take all fields, the texts by value. Its fields and their order are ABI.
 struct QEL_API Format {
+  // The order in which dates are written and read. The two long forms are padded with zeros.
+  enum DATE_FORMAT : int { DF_DMY = 0, DF_DDMMYYYY = 1, DF_YMD = 2, DF_YYYYMMDD = 3 };
+
+  // The step to which RoundVal rounds; the name is the step. Hosts store the numbers.
+  enum ROUND_PREC : int {
+    RP_NONE = 0,
+    RP_0_01 = 1,
+    RP_0_05 = 2,
+    RP_0_1 = 3,
+    RP_0_5 = 4,
+    RP_1 = 5,
+    RP_5 = 6,
+    RP_10 = 7,
+    RP_50 = 8,
+    RP_100 = 9,
+    RP_0_25 = 10,
+    RP_2_5 = 11,
+    RP_25 = 12,
+    RP_250 = 13,
+    RP_500 = 14,
+    RP_0_001 = 15,
+    RP_0_005 = 16,
+    RP_0_025 = 17,
+  };
+
+  // Where RoundVal takes a value that lies half-way between two steps: away from zero, towards plus infinity,
+  // or to the even one of the two.
+  enum ROUND_TYPE : int { RT_HALF_AWAY = 0, RT_HALF_UP = 1, RT_HALF_EVEN = 2 };
+
   class NumericEvaluator;
 
   // All fields at their defaults. Costs nothing at load time.

@@ -23,19 +23,19 @@ TEST(FormatTest, DefaultsAreThoseThatHostsRelyOn) {
   EXPECT_STREQ(format.ThousandSep, L",");
   EXPECT_FALSE(format.UseHijri);
   EXPECT_EQ(format.ResLangId, 0x2801);
-  EXPECT_EQ(SysFormat.DateFmt, DF_DMY);
+  EXPECT_EQ(SysFormat.DateFmt, Format::DF_DMY);
 }
 
 TEST(FormatTest, InitKeepsDateOrderRoundingModeAndOption7) {
   Format format;
-  format.DateFmt = DF_YYYYMMDD;
-  format.RoundType = RT_HALF_EVEN;
+  format.DateFmt = Format::DF_YYYYMMDD;
+  format.RoundType = Format::RT_HALF_EVEN;
   format.Option7 = 6;
   format.Text2 = L"note";
   format.ThousandSep[0] = L'.';
   format.Init();
-  EXPECT_EQ(format.DateFmt, DF_YYYYMMDD);
-  EXPECT_EQ(format.RoundType, RT_HALF_EVEN);
+  EXPECT_EQ(format.DateFmt, Format::DF_YYYYMMDD);
+  EXPECT_EQ(format.RoundType, Format::RT_HALF_EVEN);
   EXPECT_EQ(format.Option7, 6u);
   EXPECT_TRUE(format.Text2.IsEmpty());
   EXPECT_STREQ(format.ThousandSep, L",");
