@@ -4,6 +4,7 @@
 
 #include "cobject.h"
 #include "digits.h"
+#include "encoding.h"
 #include "exceptions.h"
 #include "format.h"
 #include "list.h"
@@ -13,9 +14,11 @@
 #include "platform_types.h"
 #include "qel_cstring.h"
 #include "qel_export.h"
+#include "strnewdup.h"
 #include "sys_errors.h"
 #include "theme.h"
 #include "tstring.h"
+#include "utf8.h"
 #include "xlist.h"
 
 #endif  // QEL_QELCORETYPES_H

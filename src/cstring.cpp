@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "code_page.h"
 #include "exceptions.h"
 
 #define QEL_SOURCE L"src/cstring"
@@ -11,16 +12,23 @@ namespace {
 
 // Unicode White_Space, spelled out so that no locale can change it.
 constexpr wchar_t kWhiteSpace[] =
-    L"\t\n\v\f\r \u0085\u00A0\u1680\u2000\u2001\u2002\u2003\u2004\u2005\u2006\u2007\u2008\u2009\u200A\u2028\u2029"
+    L"\t\n\v\f\r "
+    L"\u0085\u00A0\u1680\u2000\u2001\u2002\u2003\u2004\u2005\u2006\u2007\u2008\u2009\u200A\u2028\u2029"
     L"\u202F\u205F\u3000";
 
-std::wstring_view OrEmpty(const wchar_t* text) noexcept { return text ? std::wstring_view(text) : std::wstring_view(); }
+std::wstring_view OrEmpty(const wchar_t* text) noexcept {
+  return text ? std::wstring_view(text) : std::wstring_view();
+}
 
-int Position(std::size_t found) noexcept { return found == std::wstring::npos ? -1 : static_cast<int>(found); }
+int Position(std::size_t found) noexcept {
+  return found == std::wstring::npos ? -1 : static_cast<int>(found);
+}
 
 }  // namespace
 
 CString::CString(const wchar_t* text) : m_Text(OrEmpty(text)) {}
+
+CString::CString(const char* narrow) : m_Text(narrow ? Decode(CP_THREAD_ACP, narrow) : std::wstring()) {}
 
 CString::CString(const wchar_t* text, int length) {
   if (text && length > 0) m_Text.assign(text, static_cast<std::size_t>(length));
@@ -62,9 +70,15 @@ int CString::Compare(const wchar_t* other) const noexcept {
   return (order > 0) - (order < 0);
 }
 
-CString& CString::Trim() { return TrimRight().TrimLeft(); }
-CString& CString::TrimLeft() { return TrimLeft(kWhiteSpace); }
-CString& CString::TrimRight() { return TrimRight(kWhiteSpace); }
+CString& CString::Trim() {
+  return TrimRight().TrimLeft();
+}
+CString& CString::TrimLeft() {
+  return TrimLeft(kWhiteSpace);
+}
+CString& CString::TrimRight() {
+  return TrimRight(kWhiteSpace);
+}
 
 CString& CString::TrimLeft(const wchar_t* set) {
   m_Text.erase(0, std::min(m_Text.find_first_not_of(OrEmpty(set)), m_Text.size()));
@@ -106,11 +120,17 @@ int CString::Find(wchar_t ch, int start) const noexcept {
   return Position(m_Text.find(ch, static_cast<std::size_t>(std::max(start, 0))));
 }
 
-CString CString::Left(int count) const { return Mid(0, count); }
+CString CString::Left(int count) const {
+  return Mid(0, count);
+}
 
-CString CString::Right(int count) const { return Mid(GetLength() - std::clamp(count, 0, GetLength())); }
+CString CString::Right(int count) const {
+  return Mid(GetLength() - std::clamp(count, 0, GetLength()));
+}
 
-CString CString::Mid(int first) const { return Mid(first, GetLength()); }
+CString CString::Mid(int first) const {
+  return Mid(first, GetLength());
+}
 
 CString CString::Mid(int first, int count) const {
   const int from = std::clamp(first, 0, GetLength());
@@ -119,7 +139,8 @@ CString CString::Mid(int first, int count) const {
 
 CString CString::Tokenize(const wchar_t* separators, int& start) const {
   const std::wstring_view set = OrEmpty(separators);
-  const std::size_t first = start < 0 ? std::wstring::npos : m_Text.find_first_not_of(set, static_cast<std::size_t>(start));
+  const std::size_t first =
+      start < 0 ? std::wstring::npos : m_Text.find_first_not_of(set, static_cast<std::size_t>(start));
   if (first == std::wstring::npos) {
     start = -1;
     return {};

@@ -14,7 +14,12 @@ constexpr UINT kArabicCodePage = 1256;
 
 #include <oleauto.h>
 
+// What the system's own path functions take between folders.
+constexpr wchar_t kPathSeparator = L'\\';
+
 #else
+
+constexpr wchar_t kPathSeparator = L'/';
 
 // Clock. Fills the record with the local time of one instant.
 void GetLocalTime(SYSTEMTIME* time);
