@@ -62,6 +62,12 @@ int CompareStringW(LCID locale, DWORD flags, const wchar_t* a, int lengthOfA, co
 // are equal.
 int lstrcmpW(const wchar_t* a, const wchar_t* b);
 
+// The computer's short name: upper case, 1 to 15 units. `*size` is the room in units and becomes the name's
+// length without terminator. Fails with 111 when the room does not do, `*size` becoming what is needed with
+// terminator.
+constexpr DWORD MAX_COMPUTERNAME_LENGTH = 15;
+BOOL GetComputerNameW(wchar_t* buffer, DWORD* size);
+
 #endif
 
 #endif  // QEL_PLATFORM_PLATFORM_H
