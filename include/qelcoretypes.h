@@ -17,6 +17,7 @@
 #include "program_options.h"
 #include "qel_cstring.h"
 #include "qel_export.h"
+#include "string_resources.h"
 #include "strnewdup.h"
 #include "sys_errors.h"
 #include "sys_version.h"

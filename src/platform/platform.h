@@ -10,6 +10,14 @@
 // The library's own code page: Arabic, one byte a character.
 constexpr UINT kArabicCodePage = 1256;
 
+// What has no name of the system's own; sources in linux/ and windows/.
+
+// The module that holds the library's own string resources; never null.
+HINSTANCE LibraryModule();
+// Gives `module` the text with this number in this language, in place of an earlier one. False where modules
+// carry their resources themselves, which is on Windows.
+bool RegisterString(HINSTANCE module, LANGID language, WORD id, const wchar_t* text);
+
 #ifdef _WIN32
 
 #include <oleauto.h>
@@ -45,28 +53,24 @@ int MultiByteToWideChar(UINT codePage, DWORD flags, const char* bytes, int lengt
 int WideCharToMultiByte(UINT codePage, DWORD flags, const wchar_t* text, int length, char* out, int room,
                         const char* defaultChar, BOOL* usedDefault);
 
-// Order of text for people. Lengths are units, negative means up to the terminator; a counted text may hold
-// NUL, which has no weight. Two ways are known:
-//   LOCALE_INVARIANT, NORM_IGNORECASE    case alone does not matter
-//   LOCALE_USER_DEFAULT, all three NORM  only the letters matter: no case, marks, hamza on a letter or width
-// Result: 1 `a` is first, 2 equal, 3 `b` is first; 0 is failure: 87 null text, or another locale or flags.
-constexpr LCID LOCALE_INVARIANT = 127;
-constexpr LCID LOCALE_USER_DEFAULT = 1024;
-constexpr DWORD NORM_IGNORECASE = 1;
-constexpr DWORD NORM_IGNORENONSPACE = 2;
-constexpr DWORD NORM_IGNOREWIDTH = 0x20000;
-constexpr int CSTR_EQUAL = 2;
-int CompareStringW(LCID locale, DWORD flags, const wchar_t* a, int lengthOfA, const wchar_t* b,
-                   int lengthOfB);
-// The full order, small letters before capitals: below, at or above 0. Null comes before any text, two nulls
-// are equal.
-int lstrcmpW(const wchar_t* a, const wchar_t* b);
-
-// The computer's short name: upper case, 1 to 15 units. `*size` is the room in units and becomes the name's
-// length without terminator. Fails with 111 when the room does not do, `*size` becoming what is needed with
-// terminator.
-constexpr DWORD MAX_COMPUTERNAME_LENGTH = 15;
-BOOL GetComputerNameW(wchar_t* buffer, DWORD* size);
+// Resources. A string table is of type 6; its blocks of sixteen texts are named id / 16 + 1. Type and name
+// are numbers in the place of pointers. Asked for a language, the block of exactly that one answers, else
+// that of its main language (the low ten bits), else the one without a language (0). Asked for 0 or 1024,
+// any language will do: here the lowest number, on Windows the user's own before it. Null is failure, with
+// the last error:
+//   1813  no such type in the module; a module that is null or that nobody registered has none
+//   1814  no such name in any language
+//   1815  no such language
+struct StringBlock;
+using HRSRC = const StringBlock*;
+using HGLOBAL = void*;
+HRSRC FindResourceExW(HINSTANCE module, const wchar_t* type, const wchar_t* name, WORD language);
+// Bytes of UTF-16 text in the block: two a unit.
+DWORD SizeofResource(HINSTANCE module, HRSRC resource);
+// The block, valid as long as the module: sixteen times a unit with a length, then so many units. Null gives
+// null.
+HGLOBAL LoadResource(HINSTANCE module, HRSRC resource);
+void* LockResource(HGLOBAL data);
 
 #endif
 

@@ -1,5 +1,3 @@
 #include "support/golden.h"
 
 bool RunsUnderWine() { return false; }
-
-bool RunsOnWindows() { return false; }
