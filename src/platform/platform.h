@@ -53,6 +53,29 @@ int MultiByteToWideChar(UINT codePage, DWORD flags, const char* bytes, int lengt
 int WideCharToMultiByte(UINT codePage, DWORD flags, const wchar_t* text, int length, char* out, int room,
                         const char* defaultChar, BOOL* usedDefault);
 
+// Order of text for people. Lengths are units, negative means up to the terminator; a counted text may hold
+// NUL, which has no weight. Two ways are known:
+//   LOCALE_INVARIANT, NORM_IGNORECASE    case alone does not matter
+//   LOCALE_USER_DEFAULT, all three NORM  only the letters matter: no case, marks, hamza on a letter or width
+// Result: 1 `a` is first, 2 equal, 3 `b` is first; 0 is failure: 87 null text, or another locale or flags.
+constexpr LCID LOCALE_INVARIANT = 127;
+constexpr LCID LOCALE_USER_DEFAULT = 1024;
+constexpr DWORD NORM_IGNORECASE = 1;
+constexpr DWORD NORM_IGNORENONSPACE = 2;
+constexpr DWORD NORM_IGNOREWIDTH = 0x20000;
+constexpr int CSTR_EQUAL = 2;
+int CompareStringW(LCID locale, DWORD flags, const wchar_t* a, int lengthOfA, const wchar_t* b,
+                   int lengthOfB);
+// The full order, small letters before capitals: below, at or above 0. Null comes before any text, two nulls
+// are equal.
+int lstrcmpW(const wchar_t* a, const wchar_t* b);
+
+// The computer's short name: upper case, 1 to 15 units. `*size` is the room in units and becomes the name's
+// length without terminator. Fails with 111 when the room does not do, `*size` becoming what is needed with
+// terminator.
+constexpr DWORD MAX_COMPUTERNAME_LENGTH = 15;
+BOOL GetComputerNameW(wchar_t* buffer, DWORD* size);
+
 // Resources. A string table is of type 6; its blocks of sixteen texts are named id / 16 + 1. Type and name
 // are numbers in the place of pointers. Asked for a language, the block of exactly that one answers, else
 // that of its main language (the low ten bits), else the one without a language (0). Asked for 0 or 1024,

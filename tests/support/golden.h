@@ -41,7 +41,8 @@ void ExpectAnswer(const GoldenRow& row, const std::string& answer);
 std::string Spelled(std::wstring_view text);
 std::string SpelledBytes(std::string_view bytes);
 
-// Whether this is a Windows program that runs under Wine.
+// Whether this is a Windows program, and whether it runs under Wine.
+bool RunsOnWindows();
 bool RunsUnderWine();
 
 #endif  // QEL_TESTS_GOLDEN_H

@@ -3,9 +3,10 @@
 #include <cstddef>
 #include <cstring>
 #include <cwchar>
-#include <iterator>
+#include <string_view>
 
 #include "data/cp1256.h"
+#include "platform/linux/utf16.h"
 #include "platform/platform.h"
 
 namespace {
@@ -77,12 +78,6 @@ struct EncodeTable {
 
 constexpr EncodeTable kByteOfUnit;
 
-constexpr bool IsLead(char32_t unit) {
-  return (unit & 0xFFFFFC00) == 0xD800;
-}
-constexpr bool IsTrail(char32_t unit) {
-  return (unit & 0xFFFFFC00) == 0xDC00;
-}
 // A literal can bring an element that is no single unit.
 constexpr bool IsPair(wchar_t element) {
   return static_cast<char32_t>(element) > 0xFFFF;
@@ -136,15 +131,12 @@ bool PutUtf8(Output<char>& out, char32_t ch) {
 }
 
 int EncodeUtf8(const wchar_t* text, std::size_t length, Output<char> out) {
+  const std::wstring_view units(text, length);
   bool fits = true;
-  for (std::size_t i = 0; i < length && fits; ++i) {
-    auto ch = static_cast<char32_t>(text[i]);
-    if (IsLead(ch) && i + 1 < length && IsTrail(static_cast<char32_t>(text[i + 1]))) {
-      ch = 0x10000 + ((ch & 0x3FF) << 10) + (static_cast<char32_t>(text[++i]) & 0x3FF);
-    } else if (IsLead(ch) || IsTrail(ch) || ch > 0x10FFFF) {
-      ch = kReplacement;
-    }
-    fits = PutUtf8(out, ch);
+  for (std::size_t i = 0; i < length && fits;) {
+    const char32_t ch = NextCharacter(units, i);
+    const bool lone = IsLeadSurrogate(ch) || IsTrailSurrogate(ch);
+    fits = PutUtf8(out, lone || ch > 0x10FFFF ? kReplacement : ch);
   }
   return out.Finish(fits);
 }

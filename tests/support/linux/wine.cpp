@@ -1,3 +1,5 @@
 #include "support/golden.h"
 
 bool RunsUnderWine() { return false; }
+
+bool RunsOnWindows() { return false; }
