@@ -1,7 +1,7 @@
 // Texts by number, in the user's language: the library's own (day and month names) and a host's.
 //
-//   SetDefaultResourceInstance(module);                       // once, at start-up
-//   CString title = ResStr(1200);                             // in the current language
+//   SetDefaultResourceInstance(module);                          // once, at start-up
+//   CString title = ResStr(1200);                                // in the current language
 //   CString day = LibResStr(155, GetLibraryResourceInstance());  // one of the library's own
 //
 // The library's texts are the days 155-161 (Sunday first), the Gregorian months 195-206 with their second set
@@ -9,8 +9,8 @@
 //
 // A language index stands for a language identifier: 0 English 1033, 1 Arabic 0x2801, 2 French 1036,
 // 3 Russian 1049, 4 Croatian 1050, 5 Turkish 1055, 6 Portuguese 1046, 7 Chinese 2052. Any other index is
-// English, but for -1: the current language. That is SysFormat.ResLangId unless SetInterfaceLanguage chose
-// one.
+// English, but for -1: the current language, which is SysFormat.ResLangId unless SetInterfaceLanguage has
+// chosen one.
 //
 // Nothing here has a lock. Set module, language, terms and tables while the host starts; afterwards texts may
 // be loaded from several threads as long as TTermsList is empty.

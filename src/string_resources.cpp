@@ -1,6 +1,7 @@
 #include "string_resources.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <iterator>
 #include <string_view>
@@ -37,7 +38,7 @@ LANGID LanguageOf(int index) {
 
 // A resource's type or name that is a number.
 const wchar_t* Number(std::uintptr_t number) {
-  return reinterpret_cast<const wchar_t*>(number);
+  return std::bit_cast<const wchar_t*>(number);
 }
 
 HRSRC FindBlock(HINSTANCE module, unsigned int id, LANGID language) {
