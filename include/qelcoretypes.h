@@ -3,7 +3,9 @@
 #define QEL_QELCORETYPES_H
 
 #include "app_services.h"
+#include "calendar.h"
 #include "cobject.h"
+#include "date.h"
 #include "digits.h"
 #include "encoding.h"
 #include "exceptions.h"

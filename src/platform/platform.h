@@ -32,6 +32,16 @@ constexpr wchar_t kPathSeparator = L'/';
 // Clock. Fills the record with the local time of one instant.
 void GetLocalTime(SYSTEMTIME* time);
 
+// OLE automation dates: days since 30 December 1899, the fraction is the time of day, away from day 0 for
+// earlier days too (-1.25 is 29 December, 06:00). Result: 1, or 0 with nothing written.
+//   To a record: the days of the years 100..9999. The time is rounded to the second, half up, which may be
+//   the next day; milliseconds are 0, the day of week is filled. From a record: milliseconds and day of week
+//   do not count. Years 0..29 are 2000..2029, 30..99 are 1930..1999 (the system's pivot may be later). Days 0
+//   and 29..31 beyond the month's end, month 0 and times beyond the day count on into their neighbours; 0 for
+//   month 13, day 32, year 10000 and more.
+int VariantTimeToSystemTime(double date, SYSTEMTIME* time);
+int SystemTimeToVariantTime(SYSTEMTIME* time, double* date);
+
 // The calling thread's code of the last call that failed. A call that succeeds leaves it alone.
 DWORD GetLastError();
 void SetLastError(DWORD code);
