@@ -10,6 +10,7 @@
 #include "encoding.h"
 #include "exceptions.h"
 #include "format.h"
+#include "html.h"
 #include "iappcontext.h"
 #include "list.h"
 #include "list_base.h"
