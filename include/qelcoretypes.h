@@ -18,6 +18,7 @@
 #include "observer.h"
 #include "platform_types.h"
 #include "program_options.h"
+#include "px_format.h"
 #include "qel_cstring.h"
 #include "qel_export.h"
 #include "string_resources.h"
