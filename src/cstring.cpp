@@ -5,6 +5,7 @@
 
 #include "code_page.h"
 #include "exceptions.h"
+#include "string_tools.h"
 
 #define QEL_SOURCE L"src/cstring"
 
@@ -68,6 +69,10 @@ CString& CString::operator+=(wchar_t ch) {
 int CString::Compare(const wchar_t* other) const noexcept {
   const int order = m_Text.compare(OrEmpty(other));
   return (order > 0) - (order < 0);
+}
+
+int CString::CompareNoCase(const wchar_t* other) const {
+  return Qel::Sys::Text::pxCompStrI(GetString(), other ? other : L"");
 }
 
 CString& CString::Trim() {

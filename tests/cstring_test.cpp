@@ -1,0 +1,126 @@
+#include "qel_cstring.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <string>
+#include <vector>
+
+#include "support/raises.h"
+
+// Narrow text is the business of encoding_test.cpp.
+TEST(CStringTest, EveryWayInTakesNullAndNegativeCountsAsEmpty) {
+  const struct {
+    const char* name;
+    CString text;
+    const wchar_t* expected;
+  } rows[] = {
+      {"default", CString(), L""},
+      {"text", L"نص", L"نص"},
+      {"null", static_cast<const wchar_t*>(nullptr), L""},
+      {"counted", CString(L"abcdef", 3), L"abc"},
+      {"counted, negative", CString(L"abc", -1), L""},
+      {"counted null", CString(nullptr, 2), L""},
+      {"repeated", CString(L'x', 3), L"xxx"},
+      {"repeated, negative", CString(L'x', INT_MIN), L""},
+  };
+  for (const auto& row : rows) EXPECT_EQ(row.text, row.expected) << row.name;
+}
+
+TEST(CStringTest, PartsAreClippedToTheText) {
+  const CString text(L"abcdef");
+  const struct {
+    const char* name;
+    CString part;
+    const wchar_t* expected;
+  } rows[] = {
+      {"left", text.Left(2), L"ab"},
+      {"left, all and more", text.Left(INT_MAX), L"abcdef"},
+      {"left, negative", text.Left(-1), L""},
+      {"right", text.Right(2), L"ef"},
+      {"right, all and more", text.Right(INT_MAX), L"abcdef"},
+      {"right, negative", text.Right(INT_MIN), L""},
+      {"middle", text.Mid(2, 3), L"cde"},
+      {"middle to the end", text.Mid(4), L"ef"},
+      {"middle, from before the start", text.Mid(INT_MIN, 2), L"ab"},
+      {"middle, from the end", text.Mid(6, 1), L""},
+      {"middle, from behind the end", text.Mid(INT_MAX, INT_MAX), L""},
+      {"middle, negative count", text.Mid(2, -1), L""},
+  };
+  for (const auto& row : rows) EXPECT_EQ(row.part, row.expected) << row.name;
+}
+
+TEST(CStringTest, ReplaceGoesOnceFromLeftToRight) {
+  const struct {
+    const wchar_t *text, *from, *to, *result;
+    int count;
+  } rows[] = {
+      {L"aaa", L"aa", L"a", L"aa", 1},    {L"a-b-c", L"-", L"--", L"a--b--c", 2},
+      {L"abc", L"", L"x", L"abc", 0},     {L"abc", L"x", L"y", L"abc", 0},
+      {L"abab", L"ab", L"", L"", 2},      {L"abc", L"b", nullptr, L"ac", 1},
+      {L"abc", nullptr, L"y", L"abc", 0},
+  };
+  for (const auto& row : rows) {
+    CString text(row.text);
+    EXPECT_EQ(text.Replace(row.from, row.to), row.count);
+    EXPECT_EQ(text, row.result);
+  }
+  CString slashes(L"/a/");
+  EXPECT_EQ(slashes.Replace(L'/', L'\\'), 2);
+  EXPECT_EQ(slashes, L"\\a\\");
+}
+
+TEST(CStringTest, FindGivesPositionsOrMinusOne) {
+  const CString text(L"abcabc");
+  EXPECT_EQ(text.Find(L"bc"), 1);
+  EXPECT_EQ(text.Find(L"bc", 2), 4);
+  EXPECT_EQ(text.Find(L'c', 3), 5);
+  EXPECT_EQ(text.Find(L'c', 6), -1);
+  EXPECT_EQ(text.Find(L"x"), -1);
+  EXPECT_EQ(text.Find(L"a", INT_MIN), 0);
+  EXPECT_EQ(text.Find(L"a", INT_MAX), -1);
+}
+
+TEST(CStringTest, UnitsAreReadUpToTheTerminatorAndWrittenBeforeIt) {
+  CString text(L"ab");
+  EXPECT_EQ(text[2], L'\0');
+  text.SetAt(1, L'x');
+  EXPECT_EQ(text, L"ax");
+  for (const int index : {-1, 3})
+    EXPECT_EQ(RaisedBy([&] { text.GetAt(index); }), L"index >= 0 && index <= GetLength()");
+  for (const int index : {-1, 2})
+    EXPECT_EQ(RaisedBy([&] { text.SetAt(index, L'x'); }), L"index >= 0 && index < GetLength()");
+}
+
+TEST(CStringTest, TokenizeGivesTheRunsBetweenSeparators) {
+  const struct {
+    const char* name;
+    const wchar_t *text, *separators;
+    std::vector<std::wstring> tokens;
+  } rows[] = {
+      {"runs of separators", L",,a,;b;,", L",;", {L"a", L"b"}},
+      {"none", L"ab", L",", {L"ab"}},
+      {"nothing but separators", L",,", L",", {}},
+      {"empty", L"", L",", {}},
+      {"no separators", L"a,b", nullptr, {L"a,b"}},
+  };
+  for (const auto& row : rows) {
+    const CString text(row.text);
+    std::vector<std::wstring> tokens;
+    int start = 0;
+    for (CString token = text.Tokenize(row.separators, start); start >= 0;
+         token = text.Tokenize(row.separators, start))
+      tokens.emplace_back(token);
+    EXPECT_EQ(tokens, row.tokens) << row.name;
+  }
+}
+
+TEST(CStringTest, TextsCompareByUnitOrWithoutCase) {
+  EXPECT_LT(CString(L"Z"), CString(L"a"));
+  EXPECT_LT(CString(L"a"), L"ab");
+  EXPECT_EQ(CString(L"b").Compare(L"a"), 1);
+  EXPECT_EQ(CString(L"").Compare(nullptr), 0);
+  EXPECT_EQ(CString(L"aBc").CompareNoCase(L"AbC"), 0);
+  EXPECT_EQ(CString(L"a").CompareNoCase(nullptr), 1);
+  EXPECT_EQ(CString(L"a") + L"b" + L'c', L"abc");
+}

@@ -1,0 +1,181 @@
+#include "string_tools.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "exceptions.h"
+#include "support/raises.h"
+#include "utf8.h"
+
+using namespace Qel::Sys::Text;
+
+TEST(StringToolsTest, FilterTextTrimsDropsTabsAndCollapsesBlanks) {
+  const struct {
+    const char* name;
+    const wchar_t *before, *after;
+  } rows[] = {
+      {"empty", L"", L""},
+      {"only white space", L" \t\r\n\u3000", L""},
+      {"tabs and blanks", L"\t a   b \t", L"a b"},
+      {"a tab between blanks leaves one blank", L"a\t b \t c", L"a b c"},
+      {"a tab between letters leaves nothing", L"a\tb", L"ab"},
+      {"no-break and line separators at the ends", L"\u00A0\u2028نص\u0085\u2003", L"نص"},
+      {"inside, only blanks and tabs count", L"a\u00A0\u00A0b\nc", L"a\u00A0\u00A0b\nc"},
+      {"the joiners are no white space", L"\u200Ba\u200F", L"\u200Ba\u200F"},
+  };
+  for (const auto& row : rows) {
+    CString text(row.before);
+    EXPECT_EQ(FilterText(text), row.after) << row.name;
+    EXPECT_EQ(text, row.after) << row.name;
+  }
+}
+
+TEST(StringToolsTest, FixFileNameRepairsPastedNames) {
+  const struct {
+    const char* name;
+    const wchar_t *before, *after;
+  } rows[] = {
+      {"quoted network name", LR"("\\server\share\")", LR"(\\server\share)"},
+      {"blanks and a doubled backslash", LR"( C:\\Data\a.txt )", LR"(C:\Data\a.txt)"},
+      {"apostrophes and quotes mixed", LR"('" a' "\')", L"a"},
+      {"one leading backslash", LR"(\dir)", LR"(\\dir)"},
+      {"three leading backslashes", LR"(\\\dir)", LR"(\\\dir)"},
+      {"four leading backslashes", LR"(\\\\dir)", LR"(\\\dir)"},
+      {"a lone backslash", LR"(\)", L""},
+      {"empty", L"", L""},
+      {"slashes stay", L"//a//b/", L"//a//b/"},
+  };
+  for (const auto& row : rows) {
+    CString name(row.before);
+    FixFileName(name);
+    EXPECT_EQ(name, row.after) << row.name;
+  }
+}
+
+TEST(StringToolsTest, RemoveDupLeavesOneOfEachRun) {
+  const struct {
+    const wchar_t* before;
+    wchar_t ch;
+    const wchar_t* after;
+  } rows[] = {
+      {L"a,,,b,,c", L',', L"a,b,c"}, {L",,,,", L',', L","}, {L",a,,", L',', L",a,"},
+      {L"aabb", L',', L"aabb"},      {L"", L',', L""},      {L"aa", L'\0', L"aa"},
+  };
+  for (const auto& row : rows) {
+    std::wstring text(row.before);
+    RemoveDup(text.data(), row.ch);
+    EXPECT_STREQ(text.c_str(), row.after) << Qel::ToUtf8(row.before);
+  }
+  RemoveDup(nullptr, L',');
+}
+
+TEST(StringToolsTest, TheFirstCharacterMakesATextArabic) {
+  const struct {
+    const wchar_t* text;
+    bool arabic;
+  } rows[] = {
+      {L"", false},       {L"aب", false},     {L" ب", false},     {L"\u05FF", false},
+      {L"\u0600", true},  {L"\u06FFa", true}, {L"\u0700", false}, {L"\u074F", false},
+      {L"\u0750A", true}, {L"\u077F", true},  {L"\u0780", false}, {L"\u089F", false},
+      {L"\u08A0", true},  {L"\u08FF", true},  {L"\u0900", false}, {L"\uFE8D", false},
+  };
+  for (const auto& row : rows) EXPECT_EQ(StringIsArabic(row.text), row.arabic) << Qel::ToUtf8(row.text);
+}
+
+// The order itself is held to the recorded pairs by the platform's own tests.
+TEST(StringToolsTest, ComparisonsAnswerWithTheirOwnSigns) {
+  const struct {
+    const char* name;
+    const wchar_t *a, *b;
+    int exact, ignoringCase, lettersOnly;
+  } rows[] = {
+      {"equal", L"abc", L"abc", 0, 0, 0},
+      {"case", L"abc", L"ABC", -1, 0, 0},
+      {"harakat", L"كتاب", L"كِتاب", -1, -1, 0},
+      {"hamza", L"احمد", L"أحمد", -1, -1, 0},
+      {"after", L"ب", L"ا", 1, 1, 1},
+      {"shorter", L"ab", L"abc", -1, -1, -1},
+      {"null first", nullptr, L"a", -1, -1, -1},
+      {"null second", L"a", nullptr, 1, -1, -1},
+      {"two nulls", nullptr, nullptr, 0, -1, -1},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const int exact = pxCompStr(row.a, row.b);
+    EXPECT_EQ((exact > 0) - (exact < 0), row.exact);
+    EXPECT_EQ(pxCompStrI(row.a, row.b), row.ignoringCase);
+    EXPECT_EQ(CompStr(row.a, row.b), row.ignoringCase == 0);
+    EXPECT_EQ(StrCompare(row.a, row.b, -1), row.lettersOnly);
+  }
+}
+
+TEST(StringToolsTest, StrCompareLooksAtNoMoreThanNUnits) {
+  const struct { int n, expected; } rows[] = {{-1, -1}, {0, 0}, {3, 0}, {4, -1}, {1000, -1}};
+  for (const auto& row : rows) EXPECT_EQ(StrCompare(L"abcd", L"ABCE", row.n), row.expected) << row.n;
+  EXPECT_EQ(StrCompare(L"abc", L"abcd", 1000), -1);
+  EXPECT_EQ(StrCompare(nullptr, L"a", 1), -1);
+}
+
+TEST(StringToolsTest, GetHexKnowsTheAsciiDigitsAndRaisesForTheRest) {
+  const std::string digits = "0123456789ABCDEFabcdef";
+  for (unsigned c = 1; c < 256; ++c) {
+    const auto at = digits.find(static_cast<char>(c));
+    unsigned char value = 99;
+    const std::wstring raised = RaisedBy([&] { value = GetHex(static_cast<unsigned char>(c)); });
+    if (at == std::string::npos)
+      EXPECT_EQ(raised, L"!c") << c;
+    else
+      EXPECT_EQ(value, at < 16 ? at : at - 6) << c;
+  }
+  EXPECT_EQ(GetHex(0), 0);
+  try {
+    GetHex('g');
+    ADD_FAILURE();
+  } catch (Qel::Sys::Exceptions::TXAssertion* e) {
+    EXPECT_EQ(e->GetFile(), L"src/string_tools");
+    EXPECT_EQ(e->GetLineNumber(), 395);
+    e->Delete();
+  }
+}
+
+TEST(StringToolsTest, EscapesTouchTheirOwnCharactersOnly) {
+  EXPECT_EQ(EscapeSQLQuote(L"'it''s' \"\\"), L"''it''''s'' \"\\");
+  EXPECT_EQ(EscapeSQLQuote(nullptr), L"");
+  EXPECT_EQ(FixStringForWeb(L"<a href=\"x\">'R&D'\n&amp;ب"),
+            L"&lt;a href=&quot;x&quot;&gt;&apos;R&amp;D&apos;\n&amp;amp;ب");
+  EXPECT_EQ(FixStringForWeb(nullptr), L"");
+}
+
+TEST(StringToolsTest, IncCodeCountsUpAtTheEnd) {
+  const struct {
+    const wchar_t *code, *next;
+  } rows[] = {
+      {L"A009", L"A010"},
+      {L"A99", L"A100"},
+      {L"999", L"1000"},
+      {L"", L"1"},
+      {L"AB", L"AB1"},
+      {L"9A", L"9A1"},
+      {L"A1B9", L"A1B10"},
+      {L"0", L"1"},
+      {L"A٩", L"A٩1"},
+      {nullptr, L"1"},
+      {L"99999999999999999999", L"100000000000000000000"},
+  };
+  for (const auto& row : rows) EXPECT_EQ(IncCode(row.code), row.next);
+}
+
+TEST(StringToolsTest, AccountsAreShownAsCodeAndName) {
+  EXPECT_EQ(AccCodeName(L"11", L"Cash"), L"11-Cash");
+  EXPECT_EQ(AccCodeName(L"Name", L"Code-Name"), L"Name-Code-Name");
+  EXPECT_EQ(AccCodeName(L"", L"Cash"), L"Cash");
+  EXPECT_EQ(AccCodeName(L"11", nullptr), L"11");
+  EXPECT_EQ(AccCodeName(nullptr, L""), L"");
+}
+
+TEST(StringToolsTest, TheComputerHasAName) {
+  const CString name = GetCurComputerName();
+  EXPECT_FALSE(name.IsEmpty());
+  EXPECT_NE(name, L"GetCurComputerName_Error");
+}
