@@ -1,0 +1,330 @@
+#include "date.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <string>
+
+#include "format.h"
+#include "platform/platform.h"
+#include "support/fixed_clock.h"
+#include "support/fresh_process.h"
+#include "support/raises.h"
+
+using namespace Qel::Sys::DateTime;
+using Qel::Sys::Settings::SysFormat;
+
+namespace {
+
+constexpr wchar_t kMonthRule[] = L"( month > 0) && (month < 13)";
+constexpr wchar_t kYearRule[] = L"year > 0";
+constexpr wchar_t kDayRule[] = L"(day > 0) && (day <= max_day)";
+constexpr wchar_t kHijriDayRule[] = L"( day > 0) && ( day < 31)";
+
+// 7 March 2024, 23:59:58.997.
+constexpr SYSTEMTIME kNow = {2024, 3, 4, 7, 23, 59, 58, 997};
+
+std::wstring TextOf(const Time& time) {
+  return std::wstring(time.ToString()) + L"." + std::to_wstring(time.MSec());
+}
+
+}  // namespace
+
+TEST(DateTest, ConstructorsReportTheFirstBrokenRule) {
+  const struct {
+    const char* name;
+    unsigned short day, month, year;
+    const wchar_t *date, *hijri;
+  } rows[] = {
+      {"leap day", 29, 2, 2000, L"", L""},
+      {"first day there is", 1, 1, 1, L"", L""},
+      {"last day there is", 31, 12, 65535, L"", kHijriDayRule},
+      {"no leap day in 1900", 29, 2, 1900, kDayRule, L""},
+      {"30 February", 30, 2, 2024, kDayRule, L""},
+      {"31 April", 31, 4, 2024, kDayRule, kHijriDayRule},
+      {"day 32", 32, 1, 2024, kDayRule, kHijriDayRule},
+      {"day 0", 0, 1, 2024, kDayRule, kHijriDayRule},
+      {"month 13", 1, 13, 2020, kMonthRule, kMonthRule},
+      {"month 0", 1, 0, 2020, kMonthRule, kMonthRule},
+      {"year 0", 1, 1, 0, kYearRule, kYearRule},
+      {"month before year and day, or day first", 0, 13, 0, kMonthRule, kHijriDayRule},
+      {"year before day", 31, 2, 0, kYearRule, kHijriDayRule},
+      {"month before year", 1, 13, 0, kMonthRule, kMonthRule},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    EXPECT_EQ(RaisedBy([&] { Date(row.day, row.month, row.year); }), row.date);
+    EXPECT_EQ(RaisedBy([&] { Time(row.day, row.month, row.year, 99, 99, 99, 9999); }), row.date);
+    EXPECT_EQ(RaisedBy([&] { HDate(row.day, row.month, row.year); }), row.hijri);
+  }
+}
+
+TEST(DateTest, TheTimeOfDayReportsTheFirstBrokenRule) {
+  const struct {
+    unsigned short hour, minute, second;
+    unsigned msec;
+    const wchar_t* raised;
+  } rows[] = {
+      {23, 59, 59, 999, L""},
+      {24, 60, 60, 1000, L"hour < 24"},
+      {23, 60, 60, 1000, L"minute < 60"},
+      {23, 59, 60, 1000, L"second < 60"},
+      {23, 59, 59, 1000, L"msec < 1000"},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(RaisedBy([&] { Time(row.hour, row.minute, row.second, row.msec); }), row.raised);
+    const Time unchecked(7, 3, 2024, row.hour, row.minute, row.second, row.msec);
+    EXPECT_EQ(RaisedBy([&] { unchecked.AssertValid2(); }), row.raised);
+  }
+}
+
+TEST(DateTest, SettersStoreWhatIsValidAndLeaveTheValueWhenTheyRaise) {
+  using Setter = std::function<void(Time&)>;
+  const struct {
+    Setter good;
+    const wchar_t* text;  // of 7 March 2024, 05:06:07.008 after `good`
+    Setter tooMuch, zero;
+    const wchar_t *raised, *zeroRaised;
+  } rows[] = {
+      {[](Time& t) { t.SetDay(31); }, L"2024-03-31 05:06:07.8", [](Time& t) { t.SetDay(32); },
+       [](Time& t) { t.SetDay(0); }, L"( d > 0) && ( d < 32)", L"( d > 0) && ( d < 32)"},
+      {[](Time& t) { t.SetMonth(12); }, L"2024-12-07 05:06:07.8", [](Time& t) { t.SetMonth(13); },
+       [](Time& t) { t.SetMonth(0); }, L"( m > 0) && ( m < 13)", L"( m > 0) && ( m < 13)"},
+      {[](Time& t) { t.SetYear(65535); }, L"65535-03-07 05:06:07.8", [](Time& t) { t.SetYear(0); },
+       [](Time& t) { t.SetYear(0); }, L"y > 0", L"y > 0"},
+      {[](Time& t) { t.SetHour(23); }, L"2024-03-07 23:06:07.8", [](Time& t) { t.SetHour(24); },
+       [](Time& t) { t.SetHour(0); }, L"h < 24", L""},
+      {[](Time& t) { t.SetMinute(59); }, L"2024-03-07 05:59:07.8", [](Time& t) { t.SetMinute(60); },
+       [](Time& t) { t.SetMinute(0); }, L"m < 60", L""},
+      {[](Time& t) { t.SetSecond(59); }, L"2024-03-07 05:06:59.8", [](Time& t) { t.SetSecond(60); },
+       [](Time& t) { t.SetSecond(0); }, L"s < 60", L""},
+      {[](Time& t) { t.SetMSec(999); }, L"2024-03-07 05:06:07.999", [](Time& t) { t.SetMSec(1000); },
+       [](Time& t) { t.SetMSec(0); }, L"ms < 1000", L""},
+  };
+  for (const auto& row : rows) {
+    Time time(7, 3, 2024, 5, 6, 7, 8);
+    EXPECT_EQ(RaisedBy([&] { row.tooMuch(time); }), row.raised);
+    EXPECT_EQ(TextOf(time), L"2024-03-07 05:06:07.8");
+    EXPECT_EQ(RaisedBy([&] { row.good(time); }), L"");
+    EXPECT_EQ(TextOf(time), row.text);
+    EXPECT_EQ(RaisedBy([&] { row.zero(time); }), row.zeroRaised);
+  }
+}
+
+TEST(DateTest, SetDayDoesNotLookAtTheMonthButTheNextCheckDoes) {
+  struct Checked : Date {
+    using Date::AssertValid;
+    using Date::Date;
+  };
+  Checked date(1, 2, 2024);
+  date.SetDay(31);
+  EXPECT_EQ(date.ToString(), L"2024-02-31");
+  EXPECT_EQ(RaisedBy([&] { date.AssertValid(); }), kDayRule);
+}
+
+TEST(DateTest, TypedDatesAreTakenByTheRulesOfTheirCalendar) {
+  const struct {
+    unsigned short day, month, year;
+    bool gregorian, hijri, anyGregorian, anyHijri;
+  } rows[] = {
+      {1, 1, 1900, false, false, true, true},   {1, 1, 1901, true, false, true, true},
+      {31, 12, 2099, true, false, true, false}, {1, 1, 2100, false, false, true, true},
+      {29, 2, 2100, false, false, false, true}, {29, 2, 4, true, true, true, true},
+      {29, 2, 99, false, true, false, true},    {28, 2, 100, false, false, true, true},
+      {1, 1, 0, false, true, false, false},     {1, 1, 45, true, true, true, true},
+      {1, 1, 1400, false, false, true, true},   {1, 1, 1401, false, true, true, true},
+      {30, 12, 1440, false, true, true, true},  {31, 1, 1440, false, false, true, false},
+      {30, 2, 1499, false, true, false, true},  {1, 1, 1500, false, false, true, true},
+      {0, 1, 2024, false, false, false, false}, {32, 1, 24, false, false, false, false},
+      {1, 0, 24, false, false, false, false},   {1, 13, 24, false, false, false, false},
+      {1, 1, 65535, false, false, true, true},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(testing::Message() << row.day << "-" << row.month << "-" << row.year);
+    EXPECT_EQ(ValidGDate(row.day, row.month, row.year), row.gregorian);
+    EXPECT_EQ(ValidHDate(row.day, row.month, row.year), row.hijri);
+    EXPECT_EQ(ValidDate2(row.day, row.month, row.year), row.anyGregorian);
+    EXPECT_EQ(ValidHDate2(row.day, row.month, row.year), row.anyHijri);
+    EXPECT_EQ(ValidDate(row.day, row.month, row.year), row.gregorian);
+    SysFormat.UseHijri = true;
+    EXPECT_EQ(ValidDate(row.day, row.month, row.year), row.hijri);
+    SysFormat.UseHijri = false;
+  }
+}
+
+TEST(DateTest, EveryMonthHasItsLengthInEveryYear) {
+  using namespace std::chrono;
+  for (unsigned short y = 1; y <= 9999; ++y)
+    for (unsigned short m = 1; m <= 12; ++m)
+      for (unsigned short d = 28; d <= 32; ++d)
+        ASSERT_EQ(ValidDate2(d, m, y), (year{y} / month{m} / day{d}).ok()) << d << "-" << m << "-" << y;
+}
+
+TEST(DateTest, CheckDateNamesTheNumbersThatItRefuses) {
+  EXPECT_TRUE(CheckDate(31, 2, 70000));
+  EXPECT_EQ(RaisedBy([] { CheckDate(0, 1, 2024); }), L"Invalid date: 0-1-2024");
+  EXPECT_EQ(RaisedBy([] { CheckDate(32, 1, 2024); }), L"Invalid date: 32-1-2024");
+  EXPECT_EQ(RaisedBy([] { CheckDate(1, 13, 2024); }), L"Invalid date: 1-13-2024");
+  EXPECT_EQ(RaisedBy([] { CheckDate(1, 0, 2024); }), L"Invalid date: 1-0-2024");
+  EXPECT_EQ(RaisedBy([] { CheckDate(-5, -6, std::numeric_limits<int>::min()); }),
+            L"Invalid date: -5--6--2147483648");
+}
+
+TEST(DateTest, AValueIsOneReadingOfTheContextsClock) {
+  const struct {
+    const char* name;
+    std::function<std::wstring()> value;
+    const wchar_t* text;
+    int readings;
+  } rows[] = {
+      {"Date", [] { return std::wstring(Date().ToString()); }, L"2024-03-07", 1},
+      {"Time", [] { return TextOf(Time()); }, L"2024-03-07 23:59:58.997", 1},
+      {"Time of day", [] { return TextOf(Time(1, 2, 3, 4)); }, L"2024-03-07 01:02:03.4", 1},
+      {"no date, now", [] { return TextOf(Time::GetNoDateTime(false)); }, L"1980-01-01 23:59:58.997", 1},
+      {"no date, no time", [] { return TextOf(Time::GetNoDateTime(true)); }, L"1980-01-01.0", 1},
+      {"HDate keeps Gregorian numbers", [] { return std::wstring(HDate().ToString()); }, L"2024-03-07", 1},
+      {"HDate given", [] { return std::wstring(HDate(30, 2, 1445).ToString()); }, L"1445-02-30", 0},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    const FixedClock clock(kNow);
+    EXPECT_EQ(row.value(), row.text);
+    EXPECT_EQ(clock.Readings(), row.readings);
+  }
+}
+
+TEST(DateTest, WithoutAContextTheSystemsClockServesAllButTheHijriDate) {
+  EXPECT_IN_FRESH_PROCESS({
+    const auto systemNow = [] {
+      SYSTEMTIME now;
+      GetLocalTime(&now);
+      return Time(now.wDay, now.wMonth, now.wYear, now.wHour, now.wMinute, now.wSecond, now.wMilliseconds);
+    };
+    const Time before = systemNow();
+    const Date date;
+    const Time time;
+    const Time after = systemNow();
+    EXPECT_LE(before.GetDate(), date);
+    EXPECT_LE(date, after.GetDate());
+    EXPECT_LE(before, time);
+    EXPECT_LE(time, after);
+    EXPECT_EQ(RaisedBy([] { HDate(1, 1, 1445); }), L"");
+    EXPECT_EQ(RaisedBy([] { HDate(); }), L"m_AppContext != nullptr");
+  });
+}
+
+TEST(DateTest, OleDatesAreCutToTheirDay) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  const struct {
+    double ole;
+    const wchar_t* day;  // null where there is none
+  } rows[] = {
+      {0, L"1899-12-30"},
+      {-0.5, L"1899-12-30"},
+      {-1.25, L"1899-12-29"},
+      {29221.999999, L"1980-01-01"},
+      {45000.9999999, L"2023-03-15"},
+      {-657434, L"0100-01-01"},
+      {-657434.9, L"0100-01-01"},
+      {-657435, nullptr},
+      {2958465.9999999, L"9999-12-31"},
+      {2958466, nullptr},
+      {1e300, nullptr},
+      {kInfinity, nullptr},
+      {-kInfinity, nullptr},
+      {kInfinity - kInfinity, nullptr},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.ole);
+    std::wstring text;
+    const std::wstring raised = RaisedBy([&] { text = Date(row.ole).ToString(); });
+    EXPECT_EQ(raised, row.day ? L"" : L"VariantTimeToSystemTime(dt, &sd) != 0");
+    EXPECT_EQ(text, row.day ? row.day : L"");
+  }
+}
+
+TEST(DateTest, EveryDayHasItsOleDateWithinTheYearsThatHaveOne) {
+  using namespace std::chrono;
+  const sys_days zero = year{1899} / December / 30;
+  for (sys_days day = year{1888} / 1 / 1; day < sys_days(year{2100} / 1 / 1); day += days(1)) {
+    const year_month_day civil = day;
+    const auto narrow = [](unsigned value) { return static_cast<unsigned short>(value); };
+    const Date date(narrow(unsigned{civil.day()}), narrow(unsigned{civil.month()}),
+                    narrow(static_cast<unsigned>(int{civil.year()})));
+    ASSERT_EQ(static_cast<double>(date), (day - zero).count());
+    ASSERT_EQ(Date(date.ToDATE()), date);
+  }
+  Date rolling(1, 2, 2024);
+  rolling.SetDay(30);
+  EXPECT_EQ(static_cast<double>(rolling), 45352);  // 1 March
+  for (const unsigned short outside : std::initializer_list<unsigned short>{1, 99, 10000, 65535}) {
+    const Date date(1, 1, outside);
+    EXPECT_EQ(RaisedBy([&] { static_cast<void>(static_cast<double>(date)); }),
+              L"SystemTimeToVariantTime(&sd, &OleDate) != 0");
+    EXPECT_EQ(date.ToDATE(), 0.0);
+  }
+  EXPECT_EQ(Date(1, 1, 100).ToDATE(), -657434);
+  EXPECT_EQ(Date(31, 12, 9999).ToDATE(), 2958465);
+}
+
+TEST(DateTest, TextLeavesOutMidnightAndMilliseconds) {
+  const struct {
+    Time time;
+    const wchar_t* text;
+  } rows[] = {
+      {Time(7, 3, 2024, 0, 0, 0, 500), L"2024-03-07"},
+      {Time(7, 3, 2024, 0, 0, 1, 0), L"2024-03-07 00:00:01"},
+      {Time(7, 3, 2024, 0, 10, 0, 0), L"2024-03-07 00:10:00"},
+      {Time(31, 12, 987, 23, 59, 59, 999), L"0987-12-31 23:59:59"},
+      {Time(1, 1, 65535, 65535, 65535, 65535, 0), L"65535-01-01 65535:65535:65535"},
+  };
+  for (const auto& row : rows) EXPECT_EQ(row.time.ToString(), row.text);
+}
+
+TEST(DateTest, TimesAreOrderedFieldByField) {
+  const Time rising[] = {
+      Time(31, 12, 2023, 23, 59, 59, 999), Time(1, 1, 2024, 0, 0, 0, 0), Time(1, 1, 2024, 0, 0, 0, 70000),
+      Time(1, 1, 2024, 0, 0, 1, 0),        Time(1, 1, 2024, 0, 1, 0, 0), Time(1, 1, 2024, 1, 0, 0, 0),
+      Time(2, 1, 2024, 0, 0, 0, 0),        Time(1, 2, 2024, 0, 0, 0, 0), Time(1, 1, 2025, 0, 0, 0, 0),
+  };
+  for (const Time& a : rising)
+    for (const Time& b : rising) {
+      EXPECT_EQ(a < b, &a < &b);
+      EXPECT_EQ(a > b, &a > &b);
+      EXPECT_EQ(a == b, &a == &b);
+      const bool sameDay = a.ToString().Left(10) == b.ToString().Left(10);
+      EXPECT_EQ(a == b.GetDate(), sameDay) << "a Time counts by its day beside a Date";
+      EXPECT_EQ(a.GetDate() <= b.GetDate(), sameDay || &a < &b);
+    }
+}
+
+TEST(DateTest, DifferencesCountYearsOf365MonthsAndMonthsOf30Days) {
+  constexpr std::int64_t kDay = 86'400'000;
+  const struct {
+    Time later, earlier;
+    std::int64_t difference;
+  } rows[] = {
+      {Time(1, 2, 2020, 0, 0, 0, 0), Time(1, 1, 2020, 0, 0, 0, 0), 30 * kDay},
+      {Time(1, 1, 2021, 0, 0, 0, 0), Time(1, 1, 2020, 0, 0, 0, 0), 365 * 30 * kDay},
+      {Time(1, 1, 2021, 0, 0, 0, 0), Time(31, 12, 2020, 0, 0, 0, 0), ((365 - 11) * 30 - 30) * kDay},
+      {Time(8, 3, 2024, 0, 0, 0, 0), Time(7, 3, 2024, 23, 59, 59, 999), 1},
+      {Time(7, 3, 2024, 14, 30, 0, 0), Time(7, 3, 2024, 14, 0, 0, 1), 1'799'999},
+      {Time(7, 3, 2024, 0, 0, 0, 0), Time(7, 3, 2024, 0, 0, 0, 4'294'967'295), -4'294'967'295},
+      {Time(1, 1, 65535, 0, 0, 0, 0), Time(1, 1, 1, 0, 0, 0, 0), 65534 * 365LL * 30 * kDay},
+  };
+  for (const auto& row : rows) {
+    EXPECT_EQ(row.later - row.earlier, row.difference);
+    EXPECT_EQ(row.earlier - row.later, -row.difference);
+  }
+}
+
+TEST(DateTest, TheEndOfADayIs998AndADateSetsTheTimeToZero) {
+  Time time(7, 3, 2024, 1, 2, 3, 4);
+  Time::SetEndDayTime(time);
+  EXPECT_EQ(TextOf(time), L"2024-03-07 23:59:59.998");
+  time = Date(8, 3, 2024);
+  EXPECT_EQ(TextOf(time), L"2024-03-08.0");
+}
