@@ -6,11 +6,12 @@
 //   %[flags][width][.precision][length]conversion, flags of - + 0 blank #, width and precision also as *
 //   d i u o x X p   integers; lengths hh h l ll I32 I64 I z t j, where l is the platform's own `long`
 //   e E f F g G a A floating numbers of type double; length L takes a long double, written as a double. A
-//   half is
-//                   rounded to even; exponents have at least two digits; "inf", "nan" and "-nan(ind)" as on
-//                   Windows
+//                   half is rounded to even; exponents have at least two digits; "inf", "nan" and
+//                   "-nan(ind)" as on Windows
 //   s c             wide text and one wide unit; narrow, in code page 1256, with length h. Null text gives
-//   "(null)" S C             the other way: narrow, or wide with length l or w %               a percent sign
+//                   "(null)"
+//   S C             the other way: narrow, or wide with length l or w
+//   %               a percent sign
 // Arguments must be of the types that the format names; that cannot be checked.
 #ifndef QEL_PX_FORMAT_H
 #define QEL_PX_FORMAT_H

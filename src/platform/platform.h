@@ -35,10 +35,10 @@ void GetLocalTime(SYSTEMTIME* time);
 // OLE automation dates: days since 30 December 1899, the fraction is the time of day, away from day 0 for
 // earlier days too (-1.25 is 29 December, 06:00). Result: 1, or 0 with nothing written.
 //   To a record: the days of the years 100..9999. The time is rounded to the second, half up, which may be
-//   the next day; milliseconds are 0, the day of week is filled. From a record: milliseconds and day of week
-//   do not count. Years 0..29 are 2000..2029, 30..99 are 1930..1999 (the system's pivot may be later). Days 0
-//   and 29..31 beyond the month's end, month 0 and times beyond the day count on into their neighbours; 0 for
-//   month 13, day 32, year 10000 and more.
+//   the next day; milliseconds are 0, the day of week is filled.
+//   From a record: milliseconds and day of week do not count. Years 0..29 are 2000..2029, 30..99 are
+//   1930..1999 (the system's pivot may be later). Days 0 and 29..31 beyond the month's end, month 0 and times
+//   beyond the day count on into their neighbours; 0 for month 13, day 32, year 10000 and more.
 int VariantTimeToSystemTime(double date, SYSTEMTIME* time);
 int SystemTimeToVariantTime(SYSTEMTIME* time, double* date);
 
@@ -50,8 +50,7 @@ void SetLastError(DWORD code);
 // counts items of `out`; 0 asks how many are needed. Result: items written or needed, terminator included
 // only where the input had it; 0 is failure, with the last error:
 //   87    no input (null, or a length of 0), null `out` with room, or a code page other than 1256, 65001 and
-//   the
-//         thread's own (3, which is 1256 here)
+//         the thread's own (3, which is 1256 here)
 //   122   the room does not do: `out` holds the characters that fitted
 //   1004  flags, which are always 0
 // In 1256 a character outside the page becomes its best fit or "?". Broken UTF-8 gives U+FFFD, a lone
