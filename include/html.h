@@ -18,8 +18,9 @@ QEL_API CString HTMLFixBr(const wchar_t* text);
 // A paragraph that runs left to right, or right to left.
 QEL_API CString HTMLLTRPara(const wchar_t* text);
 QEL_API CString HTMLRTLPara(const wchar_t* text);
-// The caption and ": ", then the value in bold; each in its colour, unless that is "no colour". A caption
-// that ends in a line feed has nothing added: it is cut before its last ":" (and stays whole without one).
+// The caption and ": ", then the value in bold; each in its colour, unless that is "no colour".
+// Kept: a caption that ends in a line feed is cut before its last ":" and has nothing added (without a ":" it
+// stays whole), because titles of panes are passed so.
 QEL_API CString HTMLCapVal(const wchar_t* caption, const wchar_t* value,
                            unsigned long captionColour = static_cast<unsigned long>(-1),
                            unsigned long valueColour = static_cast<unsigned long>(-1));

@@ -12,6 +12,7 @@
 #include <boost/utility/string_ref.hpp>
 
 #include "digits.h"
+#include "px_format.h"
 #include "qel_cstring.h"
 #include "qel_export.h"
 #include "string_resources.h"
@@ -46,8 +47,9 @@ QEL_API int StrCompare(const wchar_t* a, const wchar_t* b, int n);
 // Whether pxCompStrI finds the two equal; null equals nothing.
 QEL_API bool CompStr(const wchar_t* a, const wchar_t* b);
 
-// The value of an ASCII hexadecimal digit in either case, and 0 for NUL. Raises TXAssertion "!c" for any
-// other character; its line is fixed, since crash reports are grouped by it.
+// The value of an ASCII hexadecimal digit in either case. Raises TXAssertion "!c" for any other character;
+// its line is fixed, since crash reports are grouped by it.
+// Kept: NUL is 0, because readers of cut-off texts go on over the terminator.
 QEL_API unsigned char GetHex(unsigned char c);
 
 // Every apostrophe doubled, for text between apostrophes in SQL.

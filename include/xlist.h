@@ -4,8 +4,8 @@
 //   list.append(5);
 //   for (int i = 0; i < list.GetCount(); ++i) Use(list[i]);  // one step an element
 //
-// As Qel::List, but a negative index is just one more missing element. The paths and lines in what it raises
-// are fixed: crash reports are grouped by them.
+// As Qel::List. The paths and lines in what it raises are fixed: crash reports are grouped by them.
+// Kept: a negative index is just one more missing element here, because its reports have always read so.
 #ifndef QEL_XLIST_H
 #define QEL_XLIST_H
 

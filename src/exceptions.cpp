@@ -69,7 +69,7 @@ const wchar_t* KindText(PMX_TYPE type) {
 // The capture and the making of the exception stand on top of the recorded stack.
 constexpr int kOwnFrames = -2;
 constexpr int kPlainFrames = 8;
-constexpr int kHtmlFrames = 5;  // a message box has less room
+constexpr int kHtmlFrames = 5;  // Kept: fewer than above, because a message box has less room
 constexpr unsigned long kLightGrey = 0xC0C0C0;
 constexpr std::size_t kNoLimit = static_cast<std::size_t>(-1);
 
@@ -173,6 +173,7 @@ stacktrace CaptureStack(const void* site) {
 }
 
 CString StackTraceList(const stacktrace& trace, int skip, int max) {
+  // Kept: the limit is tested after printing, so 0 still prints a line, because hosts pass it for "the top".
   std::string text;
   long long number = skip;
   for (const auto& frame : trace) {
