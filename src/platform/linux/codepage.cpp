@@ -52,28 +52,41 @@ class Output {
   std::size_t m_Count = 0;
 };
 
-// Byte of every unit in two steps: the block of the unit's high byte, then its entry for the low byte. Units
-// of the page and their best fits share 9 blocks; all others share the first, which is nothing but "?".
-struct EncodeTable {
-  static constexpr std::size_t kBlocks = 10;
-  std::array<unsigned char, 256> blockOf{};
-  std::array<std::array<char, 256>, kBlocks> bytes{};
+// Byte of every unit in two steps: the block of the unit's high byte, then its entry for the low byte. The
+// blocks of ASCII to Arabic come first and in order, so these units are their own index. Pages without a byte
+// share a block of nothing but "?".
+class EncodeTable {
+ public:
+  static constexpr char32_t kOwnIndexEnd = 0x800;
 
   constexpr EncodeTable() {
-    for (auto& block : bytes) block.fill('?');
-    unsigned char used = 0;
-    for (unsigned byte = 0; byte < 256; ++byte) Set(cp1256::kUnitOfByte[byte], byte, used);
-    for (const auto& fit : cp1256::kBestFits) Set(fit.unit, fit.byte, used);
+    m_Bytes.fill('?');
+    m_BlockOf.fill(kEmptyBlock);
+    for (unsigned char block = 0; block < kOwnIndexBlocks; ++block) m_BlockOf[block] = block;
+    for (unsigned byte = 0; byte < 256; ++byte) Set(cp1256::kUnitOfByte[byte], byte);
+    for (const auto& fit : cp1256::kBestFits) Set(fit.unit, fit.byte);
   }
 
-  constexpr char operator[](char16_t unit) const { return bytes[blockOf[unit >> 8]][unit & 0xFF]; }
+  constexpr char operator[](char16_t unit) const {
+    return m_Bytes[m_BlockOf[unit >> 8] * 256u + (unit & 0xFF)];
+  }
+  // For units below kOwnIndexEnd.
+  constexpr char AtOwnIndex(wchar_t unit) const { return m_Bytes[static_cast<std::size_t>(unit)]; }
 
  private:
-  constexpr void Set(char16_t unit, unsigned byte, unsigned char& used) {
-    unsigned char& block = blockOf[unit >> 8];
-    if (block == 0) block = ++used;
-    bytes[block][unit & 0xFF] = static_cast<char>(byte);
+  static constexpr unsigned char kOwnIndexBlocks = kOwnIndexEnd >> 8;
+  static constexpr unsigned char kEmptyBlock = 3;
+  static constexpr std::size_t kBlocks = kOwnIndexBlocks + 5;
+
+  constexpr void Set(char16_t unit, unsigned byte) {
+    unsigned char& block = m_BlockOf[unit >> 8];
+    if (block == kEmptyBlock) block = m_NextBlock++;
+    m_Bytes[block * 256u + (unit & 0xFF)] = static_cast<char>(byte);
   }
+
+  std::array<unsigned char, 256> m_BlockOf{};
+  std::array<char, kBlocks * 256> m_Bytes{};
+  unsigned char m_NextBlock = kOwnIndexBlocks;
 };
 
 constexpr EncodeTable kByteOfUnit;
@@ -83,26 +96,54 @@ constexpr bool IsPair(wchar_t element) {
   return static_cast<char32_t>(element) > 0xFFFF;
 }
 
-// Both loops below look at the room once and never again: this is how every file and record is read and
-// written.
+// Every file and record goes through the two loops below: they know that the room does, and take some
+// characters at a time.
+
+void DecodeAll(const char* bytes, std::size_t count, wchar_t* out) {
+  const auto unit = [bytes](std::size_t i) {
+    return static_cast<wchar_t>(cp1256::kUnitOfByte[static_cast<unsigned char>(bytes[i])]);
+  };
+  std::size_t i = 0;
+  for (; i + 4 <= count; i += 4) {
+    out[i] = unit(i);
+    out[i + 1] = unit(i + 1);
+    out[i + 2] = unit(i + 2);
+    out[i + 3] = unit(i + 3);
+  }
+  for (; i < count; ++i) out[i] = unit(i);
+}
+
+// Stops at an element that is no single unit. Returns how many were encoded.
+std::size_t EncodeUnits(const wchar_t* text, std::size_t count, char* out) {
+  constexpr std::size_t kStride = 8;
+  const auto haveOwnIndex = [](const wchar_t* eight) {
+    char32_t all = 0;
+    for (std::size_t i = 0; i < kStride; ++i) all |= static_cast<char32_t>(eight[i]);
+    return all < EncodeTable::kOwnIndexEnd;
+  };
+  std::size_t done = 0;
+  while (true) {
+    for (; count - done >= kStride && haveOwnIndex(text + done); done += kStride) {
+      for (std::size_t i = 0; i < kStride; ++i) out[done + i] = kByteOfUnit.AtOwnIndex(text[done + i]);
+    }
+    if (done == count || IsPair(text[done])) return done;
+    out[done] = kByteOfUnit[static_cast<char16_t>(text[done])];
+    ++done;
+  }
+}
+
 int Decode1256(const char* bytes, std::size_t length, Output<wchar_t> out) {
   if (out.IsQuery()) return static_cast<int>(length);
   const std::size_t count = std::min(length, out.Room());
-  wchar_t* to = out.Buffer();
-  for (std::size_t i = 0; i < count; ++i) to[i] = cp1256::kUnitOfByte[static_cast<unsigned char>(bytes[i])];
+  DecodeAll(bytes, count, out.Buffer());
   out.Skip(count);
   return out.Finish(count == length);
 }
 
 int Encode1256(const wchar_t* text, std::size_t length, Output<char> out) {
   std::size_t done = 0;
-  if (!out.IsQuery()) {
-    const std::size_t count = std::min(length, out.Room());
-    char* to = out.Buffer();
-    for (; done < count && !IsPair(text[done]); ++done)
-      to[done] = kByteOfUnit[static_cast<char16_t>(text[done])];
-    out.Skip(done);
-  }
+  if (!out.IsQuery()) done = EncodeUnits(text, std::min(length, out.Room()), out.Buffer());
+  out.Skip(done);
   bool fits = true;
   for (; done < length && fits; ++done) {
     const char byte = kByteOfUnit[static_cast<char16_t>(text[done])];
