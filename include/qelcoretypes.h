@@ -3,6 +3,7 @@
 #define QEL_QELCORETYPES_H
 
 #include "app_services.h"
+#include "atof2.h"
 #include "calendar.h"
 #include "cobject.h"
 #include "date.h"
@@ -15,6 +16,7 @@
 #include "list.h"
 #include "list_base.h"
 #include "msg_text.h"
+#include "num_punct.h"
 #include "observer.h"
 #include "platform_types.h"
 #include "program_options.h"
@@ -22,6 +24,7 @@
 #include "qel_cstring.h"
 #include "qel_export.h"
 #include "report.h"
+#include "round.h"
 #include "string_resources.h"
 #include "string_tools.h"
 #include "strnewdup.h"

@@ -7,8 +7,9 @@ namespace Qel::Sys::Settings {
 
 namespace {
 
-constexpr bool IsDigit(wchar_t ch) {
-  return ch >= L'0' && ch <= L'9';
+// Digits, operators and the point stand together in ASCII, with only the comma between them.
+constexpr bool IsOfTheLanguage(wchar_t ch) {
+  return ch >= L'*' && ch <= L'9' && ch != L',';
 }
 constexpr bool IsTermSign(wchar_t ch) {
   return ch == L'+' || ch == L'-';
@@ -32,11 +33,11 @@ bool Evaluator::EvaluateExpression(const wchar_t* text, long double& result) noe
 
 Evaluator::Evaluation Evaluator::Evaluate(std::wstring_view text) noexcept {
   Evaluation evaluation;
-  const wchar_t* where = text.data();
+  const wchar_t* where = nullptr;
   const auto refused = [&](Refusal refusal) {
     if (refusal == Refusal::None) return false;
     evaluation.refusal = refusal;
-    evaluation.position = static_cast<int>(where - text.data());
+    if (where) evaluation.position = static_cast<int>(where - text.data());
     return true;
   };
   if (refused(VerifyExpression(text, where))) return evaluation;
@@ -57,7 +58,7 @@ Evaluator::Evaluation Evaluator::Evaluate(std::wstring_view text) noexcept {
 Evaluator::Refusal Evaluator::VerifyExpression(std::wstring_view text, const wchar_t*& where) noexcept {
   if (text.empty()) return Refusal::EmptyText;
   for (const wchar_t& ch : text) {
-    if (IsDigit(ch) || IsTermSign(ch) || IsFactorSign(ch) || ch == L'.') continue;
+    if (IsOfTheLanguage(ch)) continue;
     where = &ch;
     return Refusal::ForeignCharacter;
   }

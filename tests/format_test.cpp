@@ -2,14 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <string>
+#include <locale>
+#include <sstream>
 
 #include "digits.h"
+#include "num_punct.h"
+#include "support/sys_format_guard.h"
 
 using namespace Qel::Sys::Settings;
-using Evaluator = Format::NumericEvaluator;
-using Refusal = Evaluator::Refusal;
 
 TEST(FormatTest, DefaultsAreThoseThatHostsRelyOn) {
   const Format format;
@@ -47,6 +47,29 @@ TEST(FormatTest, AssignmentToItselfKeepsTheTexts) {
   Format& same = format;
   format = same;
   EXPECT_EQ(format.Text1, L"a text too long for the small buffer of a string");
+}
+
+TEST(FormatTest, StreamsGroupDigitsAsTheSettingsSay) {
+  const struct {
+    bool group;
+    const wchar_t* separator;
+    const wchar_t* written;
+  } rows[] = {
+      {true, L",", L"1,234,567"},
+      {true, L"\u066C", L"1\u066C234\u066C567"},
+      {true, L"", L"1234567"},
+      {false, L",", L"1234567"},
+  };
+  const SysFormatGuard guard;
+  for (const auto& row : rows) {
+    SCOPED_TRACE(testing::PrintToString(row.separator));
+    SysFormat.GroupDigits = row.group;
+    SysFormat.ThousandSep[0] = row.separator[0];
+    std::wostringstream stream;
+    stream.imbue(std::locale(std::locale::classic(), new TNumPunct));
+    stream << 1234567;
+    EXPECT_EQ(stream.str(), row.written);
+  }
 }
 
 TEST(DigitsTest, ThreeShapesOfDigitsFoldToAscii) {
