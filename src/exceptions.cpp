@@ -166,7 +166,7 @@ CurrencyNotFoundException::~CurrencyNotFoundException() = default;
 
 stacktrace CaptureStack(const void* site) {
   constexpr std::size_t kWantedAbove = 2;
-  const stacktrace whole(0, kNoLimit);
+  stacktrace whole(0, kNoLimit);
   for (std::size_t i = kWantedAbove + 1; i < whole.size(); ++i)
     if (whole[i].address() == site) return stacktrace(i - kWantedAbove, kNoLimit);
   return whole;

@@ -71,7 +71,7 @@ class EncodeTable {
     return m_Bytes[m_BlockOf[unit >> 8] * 256u + (unit & 0xFF)];
   }
   // For units below kOwnIndexEnd.
-  constexpr char AtOwnIndex(wchar_t unit) const { return m_Bytes[static_cast<std::size_t>(unit)]; }
+  constexpr char AtOwnIndex(wchar_t unit) const { return m_Bytes[static_cast<char32_t>(unit)]; }
 
  private:
   static constexpr unsigned char kOwnIndexBlocks = kOwnIndexEnd >> 8;
