@@ -105,7 +105,10 @@ class QEL_API IAppContext {
 template <class T, class... Arguments>
 T* CreateAppContext(Arguments&&... arguments) {
   T* const context = new T(std::forward<Arguments>(arguments)...);
-  IAppContext::SetDestroy([](IAppContext* whole) { std::unique_ptr<T>(static_cast<T*>(whole)); });
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wdelete-non-virtual-dtor"  // the object is a T and nothing more
+  IAppContext::SetDestroy([](IAppContext* whole) { delete static_cast<T*>(whole); });
+#pragma GCC diagnostic pop
   return context;
 }
 
