@@ -15,10 +15,13 @@ constexpr int kDayZero = 690'248;
 constexpr int kDaysIn4Years = 1'461;
 constexpr int kDaysIn400Years = 146'097;
 
+// By leap year (0 or 1) and month (1..12).
+constexpr unsigned short kMonthLengths[2][13] = {{0, 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31},
+                                                 {0, 31, 29, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31}};
+
 // The length of a month 1..12.
 constexpr int MonthLength(int year, int month) {
-  constexpr unsigned char kLengths[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  return month == 2 && IsLeap(year) ? 29 : kLengths[month - 1];
+  return kMonthLengths[IsLeap(year)][month];
 }
 
 // The number of a day: year 1..65535, month 1..12. A day beyond the month's end counts on into the next
