@@ -6,16 +6,13 @@
 #include "code_page.h"
 #include "exceptions.h"
 #include "string_tools.h"
+#include "white_space.h"
 
 #define QEL_SOURCE L"src/cstring"
 
-namespace {
+using Qel::Sys::Text::kWhiteSpace;
 
-// Unicode White_Space, spelled out so that no locale can change it.
-constexpr wchar_t kWhiteSpace[] =
-    L"\t\n\v\f\r "
-    L"\u0085\u00A0\u1680\u2000\u2001\u2002\u2003\u2004\u2005\u2006\u2007\u2008\u2009\u200A\u2028\u2029"
-    L"\u202F\u205F\u3000";
+namespace {
 
 std::wstring_view OrEmpty(const wchar_t* text) noexcept {
   return text ? std::wstring_view(text) : std::wstring_view();
