@@ -1,5 +1,9 @@
 #include "support/golden.h"
 
-bool RunsUnderWine() { return false; }
+bool RunsUnderWine() {
+  return false;
+}
 
-bool RunsOnWindows() { return false; }
+bool RunsOnWindows() {
+  return false;
+}

@@ -2,6 +2,10 @@
 
 #include "support/golden.h"
 
-bool RunsUnderWine() { return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr; }
+bool RunsUnderWine() {
+  return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
 
-bool RunsOnWindows() { return true; }
+bool RunsOnWindows() {
+  return true;
+}

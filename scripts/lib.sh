@@ -1,0 +1,58 @@
+# Sourced by the scripts beside it (bash): which Debian packages each job takes, and how a job is run.
+# shellcheck shell=bash disable=SC2034  # the lists are used by the scripts that source this
+
+build_packages=(cmake ninja-build g++ libboost-dev libboost-stacktrace-dev libicu-dev libcli11-dev)
+test_packages=(libgtest-dev libgmock-dev locales)
+windows_packages=(g++-mingw-w64-x86-64-posix googletest wine wine64)
+check_packages=(clang clang-format clang-tidy cppcheck libclang-rt-14-dev googletest shellcheck)
+coverage_packages=(gcovr)
+bench_packages=(libbenchmark-dev)
+peer_packages=(qtbase5-dev libmuparser-dev)
+
+cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit 1
+
+say() { printf '%s\n' "$*"; }
+
+# The packages of the list that are not installed.
+missing() {
+  local package
+  for package in "$@"; do
+    dpkg-query -W -f='${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed || printf ' %s' "$package"
+  done
+}
+
+as_root() {
+  if [ "$(id -u)" = 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+# Installs what is missing of the packages, and says so. Asks nothing. False when that cannot be done.
+need() {
+  local wanted
+  read -ra wanted <<<"$(missing "$@")"
+  [ "${#wanted[@]}" != 0 ] || return 0
+  say "Installing Debian packages: ${wanted[*]}"
+  as_root apt-get update -qq </dev/null || say "(the list of packages could not be brought up to date)"
+  as_root env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y -qq --no-install-recommends -o Dpkg::Use-Pty=0 "${wanted[@]}" </dev/null >/dev/null
+}
+
+# What the tests for Windows take. Where it cannot be had, QEL_NO_WINDOWS says why, and those pieces are skipped.
+need_windows() {
+  local processor
+  export QEL_NO_WINDOWS=
+  processor=$(uname -m)
+  if [ "$processor" != x86_64 ]; then
+    QEL_NO_WINDOWS="Wine runs programs for x86-64, and this machine is $processor"
+  elif ! need "${windows_packages[@]}"; then
+    QEL_NO_WINDOWS="these packages could not be installed:$(missing "${windows_packages[@]}")"
+  fi
+}
+
+# Runs the pieces (scripts/pieces/CMakeLists.txt) whose label matches, with one line for each step of each,
+# and ends with the summary of them all.
+run_pieces() {
+  rm -rf build/pieces/log
+  cmake -G Ninja -S scripts/pieces -B build/pieces >/dev/null
+  ctest --test-dir build/pieces -L "$1" --verbose --no-label-summary 2>&1 |
+    sed -un -e 's/^[0-9]*: | /             /p' -e '/^ *Start /p' -e '/^ *[0-9]*\/[0-9]* Test /p' -e '/^[0-9]*% tests passed,/,$p'
+}
