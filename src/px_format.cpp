@@ -25,9 +25,14 @@ constexpr int kTooMuch = static_cast<int>(kMaxLength) + 1;
 constexpr int kDefaultFloatDigits = 6;
 constexpr int kHexFractionDigits = 13;  // all of a double
 
-// Lets functions share one walk through the arguments: a bare va_list would be copied on some platforms.
+// The one walk through the arguments that all functions share: a bare va_list would be copied on some platforms.
 struct Arguments {
   va_list list;
+
+  template <class Type>
+  Type Take() {
+    return va_arg(list, Type);  // NOLINT(clang-analyzer-valist.Uninitialized): pxFormat has started it
+  }
 };
 
 enum class Length { kNone, kChar, kShort, kLong, kLongLong, kSize, kLongDouble, kWide };
@@ -113,7 +118,7 @@ class SpecReader {
 
   // A number written in the format or, for "*", taken from the arguments.
   int ReadNumber() {
-    if (Skip(L"*")) return std::clamp(va_arg(m_Arguments.list, int), -kTooMuch, kTooMuch);
+    if (Skip(L"*")) return std::clamp(m_Arguments.Take<int>(), -kTooMuch, kTooMuch);
     int value = 0;
     for (; !m_Rest.empty() && m_Rest.front() >= L'0' && m_Rest.front() <= L'9'; m_Rest.remove_prefix(1)) {
       value = std::min(value * 10 + (m_Rest.front() - L'0'), kTooMuch);
@@ -167,18 +172,18 @@ constexpr int kUnusedBits = 64 - 8 * static_cast<int>(sizeof(Type));
 Bits TakeBits(Length length, Arguments& arguments) {
   switch (length) {
     case Length::kChar:
-      return {va_arg(arguments.list, unsigned), kUnusedBits<char>};
+      return {arguments.Take<unsigned>(), kUnusedBits<char>};
     case Length::kShort:
-      return {va_arg(arguments.list, unsigned), kUnusedBits<short>};
+      return {arguments.Take<unsigned>(), kUnusedBits<short>};
     case Length::kLong:
-      return {va_arg(arguments.list, unsigned long), kUnusedBits<long>};
+      return {arguments.Take<unsigned long>(), kUnusedBits<long>};
     case Length::kLongLong:
     case Length::kLongDouble:
-      return {va_arg(arguments.list, unsigned long long), kUnusedBits<long long>};
+      return {arguments.Take<unsigned long long>(), kUnusedBits<long long>};
     case Length::kSize:
-      return {va_arg(arguments.list, std::size_t), kUnusedBits<std::size_t>};
+      return {arguments.Take<std::size_t>(), kUnusedBits<std::size_t>};
     default:
-      return {va_arg(arguments.list, unsigned), kUnusedBits<unsigned>};
+      return {arguments.Take<unsigned>(), kUnusedBits<unsigned>};
   }
 }
 
@@ -230,7 +235,7 @@ bool PutUnsigned(Output& output, const Spec& spec, Arguments& arguments) {
 // All digits of an address, in capitals.
 bool PutPointer(Output& output, const Spec& asked, Arguments& arguments) {
   Spec spec = asked;
-  const auto value = reinterpret_cast<std::uintptr_t>(va_arg(arguments.list, void*));
+  const auto value = reinterpret_cast<std::uintptr_t>(arguments.Take<void*>());
   spec.conversion = L'X';
   spec.precision = static_cast<int>(2 * sizeof(void*));
   return PutInteger(output, spec, spec.alternate ? "0x" : "", value, 16);
@@ -326,8 +331,8 @@ std::string SpecialText(double value) {
 }
 
 double TakeDouble(Length length, Arguments& arguments) {
-  return length == Length::kLongDouble ? static_cast<double>(va_arg(arguments.list, long double))
-                                       : va_arg(arguments.list, double);
+  return length == Length::kLongDouble ? static_cast<double>(arguments.Take<long double>())
+                                       : arguments.Take<double>();
 }
 
 bool PutFloat(Output& output, const Spec& asked, Arguments& arguments) {
@@ -350,7 +355,7 @@ bool IsNarrow(const Spec& spec) {
 }
 
 bool PutCharacter(Output& output, const Spec& spec, Arguments& arguments) {
-  const auto bits = static_cast<unsigned>(va_arg(arguments.list, int));
+  const auto bits = static_cast<unsigned>(arguments.Take<int>());
   const char narrow = static_cast<char>(bits);
   // One UTF-16 unit, whatever the width of wchar_t.
   const wchar_t wide = static_cast<wchar_t>(bits & 0xFFFF);
@@ -369,10 +374,10 @@ std::basic_string_view<Char> Bounded(const Char* text, const Spec& spec) {
 
 bool PutText(Output& output, const Spec& spec, Arguments& arguments) {
   if (IsNarrow(spec)) {
-    const char* const narrow = va_arg(arguments.list, const char*);
+    const char* const narrow = arguments.Take<const char*>();
     return output.Pad(spec, L"", Decode(kArabicCodePage, Bounded(narrow ? narrow : "(null)", spec)));
   }
-  const wchar_t* const wide = va_arg(arguments.list, const wchar_t*);
+  const wchar_t* const wide = arguments.Take<const wchar_t*>();
   return output.Pad(spec, L"", Bounded(wide ? wide : L"(null)", spec));
 }
 

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
+#include <thread>
+#include <vector>
 
 #include "platform/platform.h"
 #include "support/golden.h"
@@ -80,4 +83,16 @@ TEST(CollateTest, LengthsNullsAndCharactersWithoutWeightAnswerAsRecorded) {
     ExpectAnswer(row, (result == 0 ? "fail" : std::to_string(result - CSTR_EQUAL)) + " " +
                           (error == kUnset ? "-" : std::to_string(error)));
   }
+}
+
+// The order is made when the first comparison asks for it: here several ask at once.
+TEST(CollateTest, ThreadsShareOneOrder) {
+  std::array<int, 4> orders{};
+  std::vector<std::thread> threads;
+  for (int& order : orders) {
+    threads.emplace_back(
+        [&order] { order = LettersOnly(L"\u0623\u062D\u0645\u062F", -1, L"\u0627\u062D\u0645\u062F", -1); });
+  }
+  for (auto& thread : threads) thread.join();
+  EXPECT_EQ(orders, (std::array<int, 4>{CSTR_EQUAL, CSTR_EQUAL, CSTR_EQUAL, CSTR_EQUAL}));
 }
