@@ -230,7 +230,7 @@ bool ValidHDate(unsigned short day, unsigned short month, unsigned short year) {
 
 bool ValidDate2(unsigned short day, unsigned short month, unsigned short year) {
   if (day < 1 || month < 1 || month > 12 || year == 0) return false;
-  return day <= Qel::Sys::DateTime::MonthLength(year, month);
+  return day < 29 || day <= Qel::Sys::DateTime::MonthLength(year, month);
 }
 
 bool ValidHDate2(unsigned short day, unsigned short month, unsigned short year) {

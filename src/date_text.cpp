@@ -168,6 +168,8 @@ DateReading Read(const wchar_t* text, wchar_t separator, Rules rules, const Date
 // A text in the making, from numbers of dates and times alone; no heap until it is done.
 class Line {
  public:
+  Line() : m_End(m_Text) {}  // written out, or Line() would clear the room first
+
   Line& operator<<(wchar_t ch) {
     *m_End++ = ch;
     return *this;
@@ -207,7 +209,7 @@ class Line {
   }
 
   wchar_t m_Text[64];  // six numbers of five digits at most and what joins them
-  wchar_t* m_End = m_Text;
+  wchar_t* m_End;
 };
 
 // The styles 1 to 3 of DateToAsc.
