@@ -16,7 +16,8 @@
 // The clock of all date values. Tests and replays put a fixed one into the context.
 class QEL_API ISysTimeProvider {
  public:
-  // The current local time, all fields of one instant. Not a tick count, despite its name.
+  // The current local time, all fields of one instant.
+  // Kept: no tick count, despite its name, because the applications' clocks implement it under this one.
   virtual SYSTEMTIME GetTickCount() = 0;
   virtual ~ISysTimeProvider() = default;
 };

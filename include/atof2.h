@@ -41,7 +41,9 @@ QEL_API NumberReading ReadNumberText(const wchar_t* text) noexcept;
 // 0 when there is none), times 1000 or 12 for the suffix. Never raises; null gives 0.
 //
 // Kept: the suffix is the first character that is no decimal digit, blank, comma or point, wherever it
-// stands, and users know it so: "-2k" is -2 (its suffix is "-"), "1 234k" is 1000, "5/0" is 5.
+// stands, because users know it so: "-2k" is -2 (its suffix is "-"), "1 234k" is 1000, "5/0" is 5.
+// Kept: the separator goes wherever it stands, because hosts set it to the one that their users type: when it
+// is ".", "1.234,5" is 1234.
 QEL_API long double ATOF2(const wchar_t* text) noexcept;
 
 }  // namespace Qel::Sys::Text::Conversion

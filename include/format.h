@@ -55,7 +55,8 @@ struct QEL_API Format {
   // All fields at their defaults. Costs nothing at load time.
   constexpr Format() noexcept {}
 
-  // Sets every field back to its default, but for DateFmt, RoundType and Option7, which keep what they hold.
+  // Sets every field back to its default.
+  // Kept: DateFmt, RoundType and Option7 keep what they hold, because hosts call this after choosing those.
   void Init();
 
   DATE_FORMAT DateFmt = DF_DMY;
@@ -81,8 +82,9 @@ struct QEL_API Format {
 // The four operators over unsigned decimal literals ("12", "1.5", ".5", "5."), "*" and "/" binding tighter;
 // no blanks, brackets, exponents or other characters. Digits are ASCII. Pure, reentrant, allocates nothing.
 //
-// Missing operands count: an empty term and the empty factor behind an operator are 0, the one before a
-// leading "*" or "/" is 1. So "-5" is -5, "5+" is 5, "5*" is 0, "*5" is 5 and "2*-3" is -3.
+// Kept: missing operands count, because users have learnt it so: an empty term and the empty factor behind an
+// operator are 0, the one before a leading "*" or "/" is 1. So "-5" is -5, "5+" is 5, "5*" is 0, "*5" is 5 and
+// "2*-3" is -3.
 // Kept: factors are worked from the right ("8/4/2" is 1 / 2 / 4 * 8) and every digit adds its value times a
 // running power of ten ("0.3" is 0.30000000000000004), because stored amounts were computed so.
 class QEL_API Format::NumericEvaluator {

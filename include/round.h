@@ -19,7 +19,8 @@ namespace Qel::Sys::Math::Round {
 // is no double, its nearest one lies below, and still the user who typed it expects 1.01. Beyond 1e14 steps
 // the double itself decides; from 2^53 steps on it is returned as it is.
 //
-// 0.0 when `precision` is none of the table's. NaN and the infinities are returned as they are.
+// Kept: 0.0 when `precision` is none of the table's, because hosts take that for "not set up".
+// NaN and the infinities are returned as they are.
 QEL_API double RoundVal(double value, Settings::Format::ROUND_PREC precision,
                         Settings::Format::ROUND_TYPE type) noexcept;
 
