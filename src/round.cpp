@@ -51,8 +51,9 @@ double Nearest(double value, Format::ROUND_TYPE type) {
 }  // namespace
 
 double RoundVal(double value, Format::ROUND_PREC precision, Format::ROUND_TYPE type) noexcept {
-  if (precision <= Format::RP_NONE || static_cast<std::size_t>(precision) >= std::size(kSteps)) return 0.0;
-  const Step step = kSteps[precision];
+  const auto number = static_cast<std::size_t>(precision);  // a negative one becomes too large
+  if (number == 0 || number >= std::size(kSteps)) return 0.0;
+  const Step step = kSteps[number];
   const double steps = value * step.denominator / step.numerator;
   if (!(std::fabs(steps) < kNoFraction)) return value;  // NaN too
   const double counted = std::fabs(steps) < kMostSnapped ? SnapTo15Digits(steps) : steps;
