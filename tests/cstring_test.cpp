@@ -8,25 +8,7 @@
 
 #include "support/raises.h"
 
-// Narrow text is the business of encoding_test.cpp.
-TEST(CStringTest, EveryWayInTakesNullAndNegativeCountsAsEmpty) {
-  const struct {
-    const char* name;
-    CString text;
-    const wchar_t* expected;
-  } rows[] = {
-      {"default", CString(), L""},
-      {"text", L"نص", L"نص"},
-      {"null", static_cast<const wchar_t*>(nullptr), L""},
-      {"counted", CString(L"abcdef", 3), L"abc"},
-      {"counted, negative", CString(L"abc", -1), L""},
-      {"counted null", CString(nullptr, 2), L""},
-      {"repeated", CString(L'x', 3), L"xxx"},
-      {"repeated, negative", CString(L'x', INT_MIN), L""},
-  };
-  for (const auto& row : rows) EXPECT_EQ(row.text, row.expected) << row.name;
-}
-
+// The ways in are held by tstring_test.cpp, which goes through them all.
 TEST(CStringTest, PartsAreClippedToTheText) {
   const CString text(L"abcdef");
   const struct {

@@ -37,13 +37,3 @@ TEST(TStringTest, TheViewEndsAtTheFirstZero) {
   EXPECT_EQ(view.size(), 2u);
   EXPECT_EQ(view.data(), text.GetString());
 }
-
-TEST(TStringTest, AssignmentCopies) {
-  TString text(L"old");
-  TString other(L"new");
-  text = other;
-  other = L"changed";
-  EXPECT_EQ(text, L"new");
-  text = CString(L"a") + L"b";
-  EXPECT_EQ(text, L"ab");
-}
