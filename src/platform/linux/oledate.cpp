@@ -38,7 +38,7 @@ int VariantTimeToSystemTime(double date, SYSTEMTIME* time) {
   const bool inRange = date > kFirstDay - 1 && date < kLastDay + 1;
   if (!inRange) return 0;
   const double whole = std::trunc(date);
-  const int seconds = static_cast<int>(std::floor((std::abs(date - whole) + kSlack) * kSecondsPerDay + 0.5));
+  const int seconds = static_cast<int>(std::lround((std::abs(date - whole) + kSlack) * kSecondsPerDay));
   const sys_days unrounded = kDayZero + days(static_cast<int>(whole));
   const year_month_day day = unrounded + days(seconds / kSecondsPerDay);
   // Rounding up to midnight moves the day on, but not the day of the week.

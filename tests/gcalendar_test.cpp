@@ -1,0 +1,267 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstring>
+#include <functional>
+#include <limits>
+#include <string>
+#include <type_traits>
+
+#include "calendar.h"
+#include "format.h"
+#include "support/raises.h"
+
+using namespace Qel::Sys::DateTime;
+using Qel::Sys::Settings::SysFormat;
+
+namespace {
+
+namespace chrono = std::chrono;
+using chrono::days;
+using chrono::sys_days;
+using chrono::year_month_day;
+
+constexpr wchar_t kMonthRule[] = L"( month > 0) && (month < 13)";
+constexpr wchar_t kYearRule[] = L"year > 0";
+constexpr wchar_t kDayRule[] = L"(day > 0) && (day <= max_day)";
+constexpr wchar_t kEpochRule[] = L"d.Year() >= BASEDATE";
+
+constexpr int kMin = std::numeric_limits<int>::min();
+constexpr int kMax = std::numeric_limits<int>::max();
+constexpr int kLastNumber = 23'246'223;  // 31 December 65535: the lengths of all years from 1890 on
+
+const TGCalendar kGregorian;
+const TCalendar& kCalendar = kGregorian;
+
+Date FromChrono(year_month_day day) {
+  const auto narrow = [](unsigned value) { return static_cast<unsigned short>(value); };
+  return Date(narrow(unsigned{day.day()}), narrow(unsigned{day.month()}),
+              narrow(static_cast<unsigned>(int{day.year()})));
+}
+
+// What `body` gives, or the text that it raises.
+std::wstring Outcome(const std::function<Date()>& body) {
+  std::wstring text;
+  const std::wstring raised = RaisedBy([&] { text = body().ToString(); });
+  return raised + text;
+}
+
+void ExpectYearAndMonth(const Date& date, year_month_day civil) {
+  const auto month = civil.year() / civil.month();
+  const sys_days firstOfYear = civil.year() / chrono::January / 1;
+  const auto lastOfMonth = unsigned{year_month_day(month / chrono::last).day()};
+  ASSERT_EQ(kCalendar.GetDaysInMonth(date), lastOfMonth);
+  ASSERT_EQ(kCalendar.GetDayOfYear(date), (sys_days(civil) - firstOfYear).count() + 1);
+  ASSERT_EQ(kCalendar.GetDaysInYear(date), civil.year().is_leap() ? 366 : 365);
+  ASSERT_EQ(kCalendar.IsLeapYear(date), civil.year().is_leap());
+  ASSERT_EQ(kCalendar.StartOfMonth(date), FromChrono(month / 1));
+  ASSERT_EQ(kCalendar.EndOfMonth(date), FromChrono(month / chrono::last));
+  ASSERT_EQ(kCalendar.StartOfYear(date), FromChrono(firstOfYear));
+  ASSERT_EQ(kCalendar.EndOfYear(date), FromChrono(civil.year() / chrono::December / 31));
+}
+
+}  // namespace
+
+TEST(GregorianCalendarTest, EveryDayOf210YearsIsCountedAndPlaced) {
+  int number = 1;
+  for (sys_days day = chrono::year{1890} / 1 / 1; day < sys_days(chrono::year{2100} / 1 / 1);
+       ++day, ++number) {
+    const Date date = FromChrono(day);
+    SCOPED_TRACE(number);
+    ASSERT_EQ(kCalendar.DaysFromDate(date), number);
+    ASSERT_EQ(kCalendar.DaysToDate(number), date);
+    ASSERT_EQ(kCalendar.GetDayOfWeek(date), (chrono::weekday(day).c_encoding() + 1) % 7);
+    ASSERT_EQ(kCalendar.NextDay(date), FromChrono(day + days(1)));
+    ASSERT_EQ(kCalendar.DateDifference(date, Date(1, 1, 1900)), number - 3653);
+    if (number > 1) {
+      ASSERT_EQ(kCalendar.PrevDay(date), FromChrono(day - days(1)));
+    }
+    ASSERT_NO_FATAL_FAILURE(ExpectYearAndMonth(date, day));
+  }
+  EXPECT_EQ(number - 1, 76'701);
+}
+
+TEST(GregorianCalendarTest, DaysFarAwayAreCountedAsWell) {
+  const sys_days end = chrono::year{32767} / 12 / 31;
+  for (sys_days day = chrono::year{2100} / 1 / 1; day < end; day += days(97)) {
+    const int number = static_cast<int>((day - sys_days(chrono::year{1889} / 12 / 31)).count());
+    ASSERT_EQ(kCalendar.DaysFromDate(FromChrono(day)), number);
+    ASSERT_EQ(kCalendar.DaysToDate(number), FromChrono(day));
+  }
+}
+
+TEST(GregorianCalendarTest, MonthsAreAddedWithTheDayCutToTheLengthOfTheMonth) {
+  for (sys_days day = chrono::year{2023} / 1 / 1; day < sys_days(chrono::year{2025} / 1 / 1); ++day) {
+    const year_month_day civil = day;
+    for (int n = -60; n <= 60; ++n) {
+      year_month_day expected = civil + chrono::months(n);
+      if (!expected.ok()) expected = expected.year() / expected.month() / chrono::last;
+      ASSERT_EQ(kCalendar.AddMonths(FromChrono(civil), n), FromChrono(expected)) << n;
+      if (n % 12 == 0) {
+        ASSERT_EQ(kCalendar.AddYears(FromChrono(civil), n / 12), FromChrono(expected)) << n;
+      }
+    }
+  }
+  const Date leapDay(29, 2, 2024);
+  EXPECT_EQ(kCalendar.NextYear(leapDay), Date(28, 2, 2025));
+  EXPECT_EQ(kCalendar.PrevYear(leapDay), Date(28, 2, 2023));
+  EXPECT_EQ(kCalendar.NextMonth(Date(31, 1, 2024)), leapDay);
+  EXPECT_EQ(kCalendar.PrevMonth(Date(31, 3, 2024)), leapDay);
+}
+
+TEST(GregorianCalendarTest, WhatLeadsOutOfTheYearsRaisesAndNeverWraps) {
+  const Date first(1, 1, 1890), last(31, 12, 65535), before(31, 12, 1889), newYear(1, 1, 1);
+  const struct {
+    const char* name;
+    std::function<Date()> body;
+    const wchar_t* outcome;
+  } rows[] = {
+      {"number 0", [] { return kCalendar.DaysToDate(0); }, kDayRule},
+      {"number that is 1 in 16 bits", [] { return kCalendar.DaysToDate(-65535); }, kDayRule},
+      {"least number", [] { return kCalendar.DaysToDate(kMin); }, kDayRule},
+      {"last number", [] { return kCalendar.DaysToDate(kLastNumber); }, L"65535-12-31"},
+      {"number after the last", [] { return kCalendar.DaysToDate(kLastNumber + 1); }, kYearRule},
+      {"greatest number", [] { return kCalendar.DaysToDate(kMax); }, kYearRule},
+      {"day before the epoch", [&] { return kCalendar.NextDay(before); }, kEpochRule},
+      {"day before the first", [&] { return kCalendar.PrevDay(first); }, kDayRule},
+      {"day after the last", [&] { return kCalendar.NextDay(last); }, kYearRule},
+      {"sum of days over 32 bits", [&] { return kCalendar.AddDays(last, kMax); }, kYearRule},
+      {"most days back", [&] { return kCalendar.AddDays(first, kMin); }, kDayRule},
+      {"month before year 1", [&] { return kCalendar.PrevMonth(newYear); }, kYearRule},
+      {"month -11", [&] { return kCalendar.AddMonths(newYear, -24); }, kMonthRule},
+      {"month 0 of year 0", [&] { return kCalendar.AddMonths(newYear, -13); }, kYearRule},
+      {"most months back", [&] { return kCalendar.AddMonths(newYear, kMin); }, kMonthRule},
+      {"month after the last", [&] { return kCalendar.NextMonth(last); }, kYearRule},
+      {"most months", [&] { return kCalendar.AddMonths(last, kMax); }, kYearRule},
+      {"back to the first month", [&] { return kCalendar.AddMonths(last, -65534 * 12 - 11); }, L"0001-01-31"},
+      {"year after the last", [&] { return kCalendar.NextYear(last); }, kYearRule},
+      {"years whose months are 12 in 32 bits", [&] { return kCalendar.AddYears(first, 1'431'655'766); },
+       kYearRule},
+      {"most years", [&] { return kCalendar.AddYears(first, kMax); }, kYearRule},
+      {"SetDate", [] { return kCalendar.SetDate(7, 3, 2024); }, L"2024-03-07"},
+      {"day that is 1 in 16 bits", [] { return kCalendar.SetDate(65537, 1, 2024); }, kDayRule},
+      {"month that is 1 in 16 bits", [] { return kCalendar.SetDate(1, -65535, 2024); }, kMonthRule},
+      {"year that is 1 in 16 bits", [] { return kCalendar.SetDate(1, 1, 65537); }, kYearRule},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.name);
+    EXPECT_EQ(Outcome(row.body), row.outcome);
+  }
+  EXPECT_EQ(kCalendar.DaysFromDate(last), kLastNumber);
+  EXPECT_NE(Outcome([&] { return kCalendar.AddYears(first, kMin); }).find(L" > 0"), std::wstring::npos);
+}
+
+TEST(GregorianCalendarTest, YearsBelowOneRaiseUnlessTheMonthIsNoneAnyway) {
+  EXPECT_EQ(RaisedBy([] { kCalendar.IsLeapYear(0); }), kYearRule);
+  EXPECT_EQ(RaisedBy([] { kCalendar.IsLeapYear(-4); }), kYearRule);
+  EXPECT_EQ(RaisedBy([] { kCalendar.GetDaysInYear(0); }), kYearRule);
+  EXPECT_EQ(RaisedBy([] { kCalendar.GetDaysInMonth(0, 1); }), kYearRule);
+  for (const int month : {0, 13, -1, kMin, kMax}) EXPECT_EQ(kCalendar.GetDaysInMonth(0, month), 0);
+  EXPECT_FALSE(kCalendar.IsLeapYear(1900));
+  EXPECT_TRUE(kCalendar.IsLeapYear(70000));
+}
+
+TEST(GregorianCalendarTest, NamesComeFromTheResources) {
+  const auto language = SysFormat.ResLangId;
+  SysFormat.ResLangId = 1033;
+  const wchar_t* const days[] = {L"Sat", L"Sun", L"Mon", L"Tus", L"Wed", L"Thr", L"Fri"};
+  for (unsigned short d = 1; d <= 7; ++d)  // 1 January 2000 was a Saturday
+    EXPECT_EQ(kCalendar.GetDayOfWeekName(Date(d, 1, 2000)), days[d - 1]);
+  EXPECT_EQ(kCalendar.GetMonthName(Date(31, 12, 2024)), L"December");
+  for (const int month : {0, 13, kMin, kMax}) EXPECT_EQ(kCalendar.GetMonthName(month), L"");
+
+  SysFormat.ResLangId = 0x2801;
+  EXPECT_EQ(kCalendar.GetMonthName(2), L"\u0634\u0628\u0627\u0637");
+  SysFormat.AltGMonthNames = true;
+  EXPECT_EQ(kCalendar.GetMonthName(2), L"\u0641\u0628\u0631\u0627\u064A\u0631");
+  SysFormat.AltGMonthNames = false;
+  SysFormat.ResLangId = language;
+}
+
+TEST(GregorianCalendarTest, TextFollowsTheSettings) {
+  Date read(1, 1, 2000);
+  EXPECT_EQ(kCalendar.ToString(Date(7, 3, 2024)), L"7-3-2024");
+  EXPECT_EQ(kCalendar.ToAsc(Date(7, 3, 2024), 0), L"7-3-2024");
+  EXPECT_EQ(kCalendar.FromString(L"31-2-2024", read), 0);
+  EXPECT_EQ(read, Date(1, 1, 2000));
+  EXPECT_EQ(kCalendar.FromString(L"29-2-24", read), 1);
+  EXPECT_EQ(read, Date(29, 2, 2024));
+  EXPECT_EQ(kCalendar.FromString(L"29-2-24"), Date(29, 2, 2024));
+}
+
+// A calendar of thirteen months with ten days each: what counts months must ask it, what numbers days must
+// not.
+TEST(GregorianCalendarTest, ADerivedCalendarsMonthsCountEverywhereButInTheNumbersOfDays) {
+  class TenDayMonths : public TGCalendar {
+   public:
+    using TGCalendar::GetDaysInMonth;
+    unsigned short GetDaysInMonth(int, int month) const override { return month > 13 ? 0 : 10; }
+    unsigned short GetMonthsInYear() const override { return 13; }
+  };
+  const TenDayMonths calendar;
+  EXPECT_EQ(calendar.GetDaysInMonth(Date(1, 2, 2024)), 10);
+  EXPECT_EQ(calendar.EndOfMonth(Date(1, 2, 2024)), Date(10, 2, 2024));
+  EXPECT_EQ(calendar.GetDayOfYear(Date(5, 12, 2024)), 115);
+  EXPECT_EQ(calendar.AddMonths(Date(20, 2, 2024), 13), Date(10, 2, 2025));
+  EXPECT_EQ(calendar.PrevYear(Date(7, 2, 2024)), Date(7, 2, 2023));
+  EXPECT_EQ(RaisedBy([&] { calendar.EndOfYear(Date(1, 2, 2024)); }), L"( m > 0) && ( m < 13)");
+  EXPECT_EQ(calendar.DaysFromDate(Date(1, 1, 1891)), 366);
+  EXPECT_EQ(calendar.AddDays(Date(1, 1, 2024), 366), Date(1, 1, 2025));
+}
+
+// Modules built earlier call by slot number. Both platforms' compilers keep the offset of the slot, plus one,
+// in the pointer to a virtual member.
+template <class Class, class Signature>
+std::size_t Slot(Signature Class::*operation) {
+  std::size_t offset;
+  std::memcpy(&offset, &operation, sizeof offset);
+  return (offset - 1) / sizeof(void*) + 1;
+}
+
+TEST(GregorianCalendarTest, SlotsKeepTheirOrder) {
+  using C = TCalendar;
+  using D = const Date&;
+  const std::size_t slots[] = {
+      Slot(&C::AddDays),
+      Slot(&C::AddMonths),
+      Slot(&C::AddYears),
+      Slot(&C::GetDay),
+      Slot(&C::GetMonth),
+      Slot(&C::GetYear),
+      Slot(&C::GetDayOfWeek),
+      Slot<C, unsigned short(D) const>(&C::GetDaysInMonth),
+      Slot<C, unsigned short(int, int) const>(&C::GetDaysInMonth),
+      Slot<C, int(D) const>(&C::GetDaysInYear),
+      Slot<C, int(int) const>(&C::GetDaysInYear),
+      Slot<C, bool(D) const>(&C::IsLeapYear),
+      Slot<C, bool(int) const>(&C::IsLeapYear),
+      Slot(&C::ToString),
+      Slot(&C::ToAsc),
+      Slot(&C::GetMonthsInYear),
+      Slot<C, CString(D) const>(&C::GetMonthName),
+      Slot<C, CString(int) const>(&C::GetMonthName),
+      Slot(&C::GetDayOfWeekName),
+      Slot(&C::GetDayOfYear),
+      Slot(&C::NextDay),
+      Slot(&C::PrevDay),
+      Slot(&C::NextMonth),
+      Slot(&C::PrevMonth),
+      Slot(&C::NextYear),
+      Slot(&C::PrevYear),
+      Slot(&C::SetFormat),
+      Slot(&C::StartOfMonth),
+      Slot(&C::StartOfYear),
+      Slot(&C::EndOfMonth),
+      Slot(&C::EndOfYear),
+      Slot<C, int(const wchar_t*, Date&) const>(&C::FromString),
+      Slot<C, Date(const wchar_t*) const>(&C::FromString),
+      Slot(&C::SetDate),
+      Slot(&C::DateDifference),
+      Slot(&C::DaysFromDate),
+      Slot(&C::DaysToDate),
+  };
+  std::size_t expected = 1;
+  for (const std::size_t slot : slots) EXPECT_EQ(slot, expected++);
+  EXPECT_EQ(expected, 38u);
+  static_assert(std::has_virtual_destructor_v<TCalendar> && !std::has_virtual_destructor_v<Date>);
+}
