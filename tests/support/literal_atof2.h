@@ -3,6 +3,7 @@
 #ifndef QEL_TESTS_LITERAL_ATOF2_H
 #define QEL_TESTS_LITERAL_ATOF2_H
 
+#include <clocale>
 #include <cstdlib>
 #include <cwchar>
 #include <string>
@@ -83,8 +84,8 @@ inline wchar_t Folded(wchar_t ch) {
   return ch;
 }
 
-// strtod over the longest prefix of sign, digits, point and exponent. Needs the "C" numeric locale. Of white
-// space it knows only the blank and U+0009-000D.
+// strtod over the longest prefix of sign, digits, point and exponent. Of white space it knows only the blank and
+// U+0009-000D.
 inline double NumberAtStart(const std::wstring& text) {
   std::string number;
   std::size_t i = 0;
@@ -93,7 +94,7 @@ inline double NumberAtStart(const std::wstring& text) {
   while (at() == L' ' || (at() >= 9 && at() <= 13)) ++i;
   if (at() == L'+' || at() == L'-') take();
   while (IsDigit(at())) take();
-  if (at() == L'.') take();
+  if (at() == L'.') number += std::localeconv()->decimal_point, ++i;
   while (IsDigit(at())) take();
   if (number.find_first_of("0123456789") == std::string::npos)
     return 0;  // one system's strtod says -0 for "-e"
