@@ -14,12 +14,12 @@
 
 namespace {
 
-// Says on stderr that it goes.
+// Says on stderr that it goes, and finds no context while it does.
 struct Witness {
   explicit Witness(char name) : m_Name(name) {}
   Witness(const Witness&) = delete;
   Witness& operator=(const Witness&) = delete;
-  ~Witness() { std::fputc(m_Name, stderr); }
+  ~Witness() { std::fputc(IAppContext::IsValidAppContext() ? '?' : m_Name, stderr); }
 
  private:
   char m_Name;
@@ -142,6 +142,7 @@ TEST(AppContextTest, SlotsAreFilledAndReplaced) {
     EXPECT_EQ(GetProtectionKey(), key);
     const auto entries = std::make_shared<WitnessedEntries>('n');
     context->SetEntryServices(entries);
+    EXPECT_EQ(GetEntryServices(), entries);
     context->SetEntryServices(nullptr);
     EXPECT_EQ(entries.use_count(), 1);
     EXPECT_TRUE(IAppEvents().BeforeDatabaseOpen() && IAppEvents().AfterDatabaseClose());
