@@ -1,4 +1,4 @@
-# Sourced by the scripts beside it (bash): which Debian packages each job takes, and how a job is run.
+# Sourced by the scripts beside it (bash): which Debian packages each job takes, and how it is run and shown.
 # shellcheck shell=bash disable=SC2034  # the lists are used by the scripts that source this
 
 build_packages=(cmake ninja-build g++ libboost-dev libboost-stacktrace-dev libicu-dev libcli11-dev)
@@ -11,7 +11,25 @@ peer_packages=(qtbase5-dev libmuparser-dev)
 
 cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit 1
 
-say() { printf '%s\n' "$*"; }
+say() { printf '%s\n' "$@"; }
+
+# The same for a job whose output goes to a log while a person watches descriptor 3.
+mark='  '
+tell() { printf '%s%s\n' "$mark" "$*" >&3; }
+
+# Passes a job's output on to its log, and each quarter of "[12/345] ..." (a build) or "  12/345 Test ..." (a
+# test run) to the person.
+progress() {
+  local line told=0
+  while IFS= read -r line; do
+    printf '%s\n' "$line"
+    [[ $line =~ ^[\ \[]*([0-9]+)/([0-9]+)[]\ ] ]] || continue
+    if ((BASH_REMATCH[2] >= 20 && BASH_REMATCH[1] * 4 / BASH_REMATCH[2] > told)); then
+      told=$((BASH_REMATCH[1] * 4 / BASH_REMATCH[2]))
+      tell "${BASH_REMATCH[1]} of ${BASH_REMATCH[2]}"
+    fi
+  done
+}
 
 # The packages of the list that are not installed.
 missing() {

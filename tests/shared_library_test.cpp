@@ -7,7 +7,7 @@
 
 #include "qelcoretypes.h"
 
-#define QEL_SOURCE L"tests/shared"
+#define QEL_SOURCE L"tests/shared_library"
 
 using namespace Qel::Sys::Exceptions;
 using Qel::Sys::DateTime::Date;
@@ -64,7 +64,7 @@ TEST(SharedLibraryTest, TheLibraryReportsWhatTheHostRaises) {
                            [&](const CString& text) { report = text; }));
   EXPECT_GE(report.Find(L"Cannot open"), 0);
   EXPECT_GE(report.Find(L"file_exception"), 0);
-  EXPECT_GE(report.Find(L"tests/shared"), 0);
+  EXPECT_GE(report.Find(L"tests/shared_library"), 0);
 }
 
 TEST(SharedLibraryTest, TheLibraryReadsTheSettingsThatTheHostWrites) {
