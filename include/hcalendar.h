@@ -90,8 +90,9 @@ class QEL_API THCalendar : public TGCalendar {
   Date StartOfYear(const Date& d) const override;
   Date EndOfMonth(const Date& d) const override;
   Date EndOfYear(const Date& d) const override;
-  // Reads a Hijri date, always, while FromString(text, out) follows the application's calendar. Today when
-  // the text is empty or no date.
+  // Reads a Hijri date, always. Today when the text is empty or no date.
+  // Kept: FromString(text, out) follows the application's calendar instead, because forms with a calendar of
+  // their own use this one.
   Date FromString(const wchar_t* text) const override;
   Date SetDate(int day, int month, int year) const override;
 

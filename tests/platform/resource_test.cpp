@@ -48,9 +48,6 @@ TEST(ResourceTest, BlocksAnswerByLanguageAsRecorded) {
     SCOPED_TRACE(row.where);
     ExpectAnswer(row, Answer(row));
   }
-}
-
-TEST(ResourceTest, WhatWasNotFoundLocksToNothing) {
   EXPECT_EQ(LockResource(LoadResource(TestStrings(), nullptr)), nullptr);
 }
 
