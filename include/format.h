@@ -19,7 +19,8 @@
 
 namespace Qel::Sys::Settings {
 
-// A plain record: copies and moves take all fields, the texts by value. Its fields and their order are ABI.
+// A plain record, whose fields and their order are ABI. Copied, never moved from: what a host took its settings
+// from still holds them.
 struct QEL_API Format {
   // The order in which dates are written and read. The two long forms are padded with zeros.
   enum DATE_FORMAT : int { DF_DMY = 0, DF_DDMMYYYY = 1, DF_YMD = 2, DF_YYYYMMDD = 3 };
@@ -54,6 +55,9 @@ struct QEL_API Format {
 
   // All fields at their defaults. Costs nothing at load time.
   constexpr Format() noexcept {}
+  Format(const Format&) = default;
+  Format& operator=(const Format&) = default;
+  ~Format() = default;
 
   // Sets every field back to its default.
   // Kept: DateFmt, RoundType and Option7 keep what they hold, because hosts call this after choosing those.

@@ -5,9 +5,14 @@
 #include "qel_export.h"
 #include "xlist.h"
 
-// Copies and moves take the set. No lock, not even for readers.
+// Copied, never moved from: both have the set then. No lock, not even for readers.
 class QEL_API TProgramOptions {
  public:
+  TProgramOptions() = default;
+  TProgramOptions(const TProgramOptions&) = default;
+  TProgramOptions& operator=(const TProgramOptions&) = default;
+  ~TProgramOptions() = default;
+
   // 1 when `option` is on, else 0.
   int CheckOption(int option) const;
 

@@ -1,7 +1,5 @@
 #include "format.h"
 
-#include <utility>
-
 // SysFormat is a constant of the file, with nothing to do at load time. Without the word GCC would still build it
 // then; clang 14 cannot make a constant of the standard library's empty string.
 #if defined(__clang__) && __clang_major__ < 15
@@ -19,7 +17,7 @@ void Format::Init() {
   defaults.DateFmt = DateFmt;
   defaults.RoundType = RoundType;
   defaults.Option7 = Option7;
-  *this = std::move(defaults);
+  *this = defaults;
 }
 
 }  // namespace Qel::Sys::Settings

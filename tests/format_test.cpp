@@ -4,6 +4,7 @@
 
 #include <locale>
 #include <sstream>
+#include <utility>
 
 #include "digits.h"
 #include "num_punct.h"
@@ -39,6 +40,17 @@ TEST(FormatTest, InitKeepsDateOrderRoundingModeAndOption7) {
   EXPECT_EQ(format.Option7, 6u);
   EXPECT_TRUE(format.Text2.IsEmpty());
   EXPECT_STREQ(format.ThousandSep, L",");
+}
+
+TEST(FormatTest, WhatSettingsAreMovedFromKeepsThem) {
+  Format from;
+  from.Text1 = L"a text too long for the small buffer of a string";
+  from.Option2 = 7;
+  Format to(std::move(from));
+  to = std::move(from);
+  EXPECT_EQ(to.Text1, L"a text too long for the small buffer of a string");
+  EXPECT_EQ(to.Option2, 7u);
+  EXPECT_EQ(from.Text1, to.Text1);
 }
 
 TEST(FormatTest, AssignmentToItselfKeepsTheTexts) {

@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <memory>
+#include <utility>
 
 #include "program_options.h"
 #include "support/fixed_clock.h"
@@ -203,6 +204,7 @@ TEST(SysVersionTest, DatabaseVersionsBelowOneCountAsMissing) {
   TProgramInfo info;
   EXPECT_FALSE(info.GetSysVersion().IsSet());
   EXPECT_EQ(info.GetSysVersion().GetAppVerInfo(), L"9.24.0.3044");
+  EXPECT_EQ(info.GetSysVersion().GetAppVerDate(), L"Apr 27 2020");
   EXPECT_EQ(RaisedBy([&] { info.GetSysVersion().GetDBMajVer(); }), L"m_DBMajVer > 0");
   EXPECT_EQ(RaisedBy([&] { info.GetSysVersion().GetDBMinVer(); }), L"m_DBMinVer > 0");
   info.GetSysVersion().SetDBVerInfo(9, 0);
@@ -222,6 +224,8 @@ TEST(ProgramOptionsTest, SettingTellsWhatWasSetBefore) {
   EXPECT_EQ(options.SetOption(7, 0), 1);  // once only, although set twice
   EXPECT_EQ(options.CheckOption(7), 0);
   EXPECT_EQ(copy.CheckOption(7), 1);
+  options = std::move(copy);
+  EXPECT_EQ(options.CheckOption(7) + copy.CheckOption(7), 2);  // a move copies
 }
 
 TEST(ProgramOptionsTest, InitLeavesExactlyTheStandardOptions) {
@@ -234,6 +238,9 @@ TEST(ProgramOptionsTest, InitLeavesExactlyTheStandardOptions) {
   int set = 0;
   for (int option = 0; option < 40000; ++option) set += options.CheckOption(option);
   EXPECT_EQ(set, 15);
+  for (const int option :
+       {1735, 4900, 4903, 4904, 4905, 4911, 4914, 4916, 4921, 4923, 4924, 4975, 4990, 4999, 32521})
+    EXPECT_EQ(options.CheckOption(option), 1) << option;
   EXPECT_EQ(options.SetOption(4924, 1), 1);
   EXPECT_EQ(options.SetOption(4924, 0), 1);
   EXPECT_EQ(options.CheckOption(4924), 0);
