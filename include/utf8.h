@@ -19,7 +19,8 @@ QEL_API std::string ToUtf8(const wchar_t* text);
 QEL_API std::string ToUtf8(std::wstring_view text);
 
 // The text of UTF-8, one UTF-16 unit an element. Bytes that are none become U+FFFD, one for each broken
-// sequence.
+// sequence. Null gives an empty text.
+QEL_API CString FromUtf8(const char* utf8);
 QEL_API CString FromUtf8(std::string_view utf8);
 
 // The library's paths have "\" on every system. This is `path` as the system's own functions want it: with

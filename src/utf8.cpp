@@ -12,6 +12,10 @@ std::string ToUtf8(std::wstring_view text) {
   return Encode(CP_UTF8, text);
 }
 
+CString FromUtf8(const char* utf8) {
+  return FromUtf8(utf8 ? std::string_view(utf8) : std::string_view());
+}
+
 CString FromUtf8(std::string_view utf8) {
   return Decode(CP_UTF8, utf8);
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "code_page.h"
 #include "qel_cstring.h"
 #include "utf8.h"
 
@@ -49,6 +50,15 @@ TEST(EncodingTest, LongTextsConvertWhole) {
   }
 }
 
+TEST(EncodingTest, AFailureOfThePlatformIsThrownAsItsResult) {
+  try {
+    Decode(54321, "of no such page");
+    ADD_FAILURE() << "nothing thrown";
+  } catch (HRESULT result) {
+    EXPECT_EQ(static_cast<DWORD>(result), 0x80070057u);  // 87, an invalid parameter
+  }
+}
+
 // The thread's page differs between systems; all agree on ASCII.
 TEST(EncodingTest, TheThreadsPageServesCStrings) {
   EXPECT_EQ(GetCStringFromStdString("plain"), L"plain");
@@ -77,6 +87,7 @@ TEST(Utf8Test, TextGoesBothWays) {
   }
   EXPECT_EQ(Qel::ToUtf8(std::wstring(200, L'م')).size(), 400u);
   EXPECT_EQ(Qel::ToUtf8(nullptr), "");
+  EXPECT_EQ(Qel::FromUtf8(nullptr), L"");  // as getenv may answer
   EXPECT_EQ(Qel::ToUtf8(CString(L"ب")), "\xD8\xA8");
 }
 
