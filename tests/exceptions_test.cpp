@@ -9,6 +9,7 @@
 
 #include "support/frames.h"
 #include "support/raises.h"
+#include "support/slots.h"
 #include "sys_errors.h"
 #include "utf8.h"
 
@@ -201,6 +202,27 @@ TEST(ExceptionsTest, TheBaseNamesTheFamilyAndHasNoTextOfItsOwn) {
   EXPECT_EQ(e->GetErrorMessage(nullptr, 0), 0);
   EXPECT_EQ(e->ReportError(), 0);
 }
+
+#ifdef __x86_64__
+TEST(ExceptionsTest, SlotsStandWhereModulesCallThem) {
+  // The destructor takes two slots in this layout, 1 and 2.
+  EXPECT_EQ(SlotOf(&CObject::GetRuntimeClass), 0);
+  EXPECT_EQ(SlotOf(&CObject::Serialize), 3);
+  EXPECT_EQ(SlotOf(&CObject::AssertValid), 4);
+  EXPECT_EQ(SlotOf(&CObject::Dump), 5);
+  using Message = BOOL (CException::*)(wchar_t*, unsigned, unsigned*);
+  using ConstMessage = BOOL (CException::*)(wchar_t*, unsigned, unsigned*) const;
+  EXPECT_EQ(SlotOf(static_cast<ConstMessage>(&CException::GetErrorMessage)), 6);
+  EXPECT_EQ(SlotOf(static_cast<Message>(&CException::GetErrorMessage)), 7);
+  EXPECT_EQ(SlotOf(&CException::ReportError), 8);
+  EXPECT_EQ(SlotOf(&qel_exception::GetError), 9);
+  EXPECT_EQ(SlotOf(&qel_exception::GetErrorDetails), 10);
+  EXPECT_EQ(SlotOf(&qel_exception::GetErrorDetailsAsHTML), 11);
+  EXPECT_EQ(SlotOf(&ISysErrors::GetLastError), 0);
+  EXPECT_EQ(SlotOf(&ISysErrors::SetLastError), 1);
+  EXPECT_EQ(SlotOf(&ISysErrors::ClearErrors), 2);
+}
+#endif
 
 TEST(SysErrorsTest, HoldsTheLastTextUntilItIsCleared) {
   ISysErrors errors;
