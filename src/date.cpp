@@ -1,7 +1,6 @@
 #include "date.h"
 
 #include <cmath>
-#include <string>
 
 #include "day_number.h"
 #include "exceptions.h"
@@ -9,6 +8,7 @@
 #include "iappcontext.h"
 #include "padded_number.h"
 #include "platform/platform.h"
+#include "px_format.h"
 
 #define QEL_SOURCE L"src/date"
 
@@ -239,7 +239,5 @@ bool ValidHDate2(unsigned short day, unsigned short month, unsigned short year) 
 
 bool CheckDate(int day, int month, int year) {
   if (day > 0 && day < 32 && month > 0 && month < 13 && year > 0) return true;
-  const std::wstring text =
-      L"Invalid date: " + std::to_wstring(day) + L"-" + std::to_wstring(month) + L"-" + std::to_wstring(year);
-  QEL_RAISE(qel_exception, text.c_str());
+  QEL_RAISE(qel_exception, Qel::Sys::Text::pxFormat(L"Invalid date: %d-%d-%d", day, month, year));
 }
