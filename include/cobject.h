@@ -16,8 +16,10 @@ struct CRuntimeClass {
 class QEL_API CObject {
  public:
   // Slot order is ABI.
+  // The class's name; "CObject" here. Lives as long as the library.
   virtual CRuntimeClass* GetRuntimeClass() const;
   virtual ~CObject() = default;
+  // Do nothing; they hold their slots for classes that store, check or print themselves.
   virtual void Serialize(CArchive&) {}
   virtual void AssertValid() const {}
   virtual void Dump(CDumpContext&) const {}

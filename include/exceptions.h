@@ -44,6 +44,7 @@ class QEL_API qel_exception : public CException {
   // The same as a left-to-right HTML paragraph, with at most five frames. Texts are not escaped.
   virtual CString GetErrorDetailsAsHTML();
 
+  // The site that raised: its source path, the signature of its function as the compiler spells it, its line.
   CString GetFile() const { return m_Source; }
   std::string GetFunctionName() const { return m_Function; }
   int GetLineNumber() const { return m_Line; }

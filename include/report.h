@@ -1,7 +1,7 @@
 // A host's calls into the library, with failures turned into text:
 //
-//   const bool stored = Qel::Report([&] { StoreInvoice(invoice); }, [](const CString& report) { Show(report);
-//   });
+//   const bool stored =
+//       Qel::Report([&] { StoreInvoice(invoice); }, [](const CString& report) { Show(report); });
 #ifndef QEL_REPORT_H
 #define QEL_REPORT_H
 

@@ -32,7 +32,7 @@ QEL_API void FixFileName(CString& name);
 // Collapses every run of `ch` in `text` to one, in place.
 QEL_API void RemoveDup(wchar_t* text, wchar_t ch);
 
-// Whether the first character is one of the Arabic blocks U+0600-06FF, U+0750-077F and U+08A0-08FF.
+// Whether the first character is in one of the Arabic blocks U+0600-06FF, U+0750-077F and U+08A0-08FF.
 // Kept: only the first one counts, because this decides the direction of a line, which its first letter sets.
 QEL_API bool StringIsArabic(boost::basic_string_ref<wchar_t> text);
 

@@ -28,7 +28,9 @@ struct TColorRec {
 class IAppTheme {
  public:
   // Slot order is ABI.
+  // The name of the font, as the system knows it.
   virtual CString GetFontName() const = 0;
+  // The colour for `index`, as in TColorRec.
   virtual unsigned long GetColor(COLOR_INDEX index) const = 0;
   virtual ~IAppTheme() = default;
 };
