@@ -4,6 +4,7 @@
 
 #include <bit>
 #include <charconv>
+#include <climits>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -104,9 +105,9 @@ TEST(PxFormatTest, FlagsWidthPrecisionAndLengthFollowTheRules) {
       {pxFormat(L"%#g %#.3g %#.0g %#.0f %g %g", 1.0, 1.0, 1.0, 1.0, 100000.0, 1e6),
        L"1.00000 1.00 1. 1. 100000 1e+06"},
       {pxFormat(L"%010.3f|%+.1f|%.f|%.2f", -3.14159, 0.05, 2.5, 0.125), L"-00003.142|+0.1|2|0.12"},
-      {pxFormat(L"%.3000g", 0.5), L"0.5"},
-      {pxFormat(L"%a %.3a %A %.0a %.1a", 1.0, 0.1, -0.0, 1.99, 1.03125),
-       L"0x1.0000000000000p+0 0x1.99ap-4 -0X0.0000000000000P+0 0x2p+0 0x1.0p+0"},
+      {pxFormat(L"%.3000g|%.*f|%.*s", 0.5, -1, 0.5, INT_MIN, L"all"), L"0.5|0.500000|all"},
+      {pxFormat(L"%a %.3a %A %.0a %.1a %.1a", 1.0, 0.1, -0.0, 1.99, 1.03125, 1.09375),
+       L"0x1.0000000000000p+0 0x1.99ap-4 -0X0.0000000000000P+0 0x2p+0 0x1.0p+0 0x1.2p+0"},
       {pxFormat(L"%a %#.0a %.15a", 5e-324, 1.0, 1.0),
        L"0x0.0000000000001p-1022 0x1.p+0 0x1.000000000000000p+0"},
       {pxFormat(L"%05f|%-5g|%+F|%G", infinite, infinite, infinite, -infinite), L"  inf|inf  |+INF|-INF"},

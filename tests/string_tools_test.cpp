@@ -31,6 +31,24 @@ TEST(StringToolsTest, FilterTextTrimsDropsTabsAndCollapsesBlanks) {
   }
 }
 
+// The White_Space property of Unicode, in every version since 6.3.
+TEST(StringToolsTest, ExactlyTheWhiteSpaceOfUnicodeIsTrimmed) {
+  const struct {
+    int first, last;
+  } ranges[] = {
+      {0x0009, 0x000D}, {0x0020, 0x0020}, {0x0085, 0x0085}, {0x00A0, 0x00A0}, {0x1680, 0x1680},
+      {0x2000, 0x200A}, {0x2028, 0x2029}, {0x202F, 0x202F}, {0x205F, 0x205F}, {0x3000, 0x3000},
+  };
+  std::wstring trimmed, expected;
+  for (int unit = 1; unit <= 0xFFFF; ++unit) {
+    CString text(static_cast<wchar_t>(unit));
+    if (FilterText(text).IsEmpty()) trimmed += static_cast<wchar_t>(unit);
+  }
+  for (const auto& range : ranges)
+    for (int unit = range.first; unit <= range.last; ++unit) expected += static_cast<wchar_t>(unit);
+  EXPECT_EQ(trimmed, expected);
+}
+
 TEST(StringToolsTest, FixFileNameRepairsPastedNames) {
   const struct {
     const char* name;

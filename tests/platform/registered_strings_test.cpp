@@ -29,3 +29,14 @@ TEST(RegisteredStringsTest, LaterCallsAddTextsAndCorrectThemInTheirModuleAlone) 
   };
   for (const auto& row : rows) EXPECT_EQ(LoadString(row.id, row.module), row.text.c_str()) << row.name;
 }
+
+TEST(RegisteredStringsTest, EnglishStepsInBeforeAnyOtherLanguage) {
+  static char s_Token;
+  const auto module = reinterpret_cast<HINSTANCE>(&s_Token);
+  constexpr int kFrench = 2;
+  const StringEntry german = {20, L"zwanzig"}, english = {20, L"twenty"};
+  AddStringTable(module, 1031, &german, 1);
+  EXPECT_EQ(LoadString(20, module, kFrench), L"zwanzig");
+  AddStringTable(module, 1033, &english, 1);
+  EXPECT_EQ(LoadString(20, module, kFrench), L"twenty");
+}
