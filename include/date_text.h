@@ -55,6 +55,7 @@ struct DateReading {
 
   int fields = 0;                  // how many numbers the text gave, 0..3
   unsigned short numbers[3] = {};  // these, in the order of the text, modulo 65536
+  int starts[3] = {-1, -1, -1};    // index of each one's first character, its sign included
   int stopped = -1;  // index of the first character that is neither read nor trailing white space
   int attempts = 0;  // how many orders were tried, 0..2; an empty text tries none
   Attempt attempt[2];

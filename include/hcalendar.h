@@ -68,6 +68,11 @@ class QEL_API THCalendar : public TGCalendar {
 
   // Kept: IsLeapYear stays the Gregorian rule for whatever year it gets, because hosts ask it about the
   // stored day's.
+  // The first and the last day of the table, and whether a day lies between them and so has a Hijri date.
+  static Date FirstDay();
+  static Date LastDay();
+  static bool HasHijriDate(const Date& d) { return d >= FirstDay() && d <= LastDay(); }
+
   using TGCalendar::FromString;
 
   Date AddMonths(const Date& d, int n) const override;

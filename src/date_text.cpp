@@ -41,9 +41,10 @@ class Scanner {
  public:
   explicit Scanner(wchar_t separator) : m_Separator(separator ? separator : L'-') {}
 
-  // Stores what `text` gives, from numbers[0] on, and returns how many that were. `stop` is the first
-  // character that was not read, trailing white space apart.
-  int Scan(const wchar_t* text, unsigned short (&numbers)[kNumbers], const wchar_t*& stop) const {
+  // Stores what `text` gives, from numbers[0] on, and where each begins, and returns how many that were. `stop` is
+  // the first character that was not read, trailing white space apart.
+  int Scan(const wchar_t* text, unsigned short (&numbers)[kNumbers], const wchar_t* (&starts)[kNumbers],
+           const wchar_t*& stop) const {
     for (int count = 0;; ++text) {
       const wchar_t* const start = SkipWhiteSpace(text);
       const wchar_t* const end = ReadNumber(start, numbers[count]);
@@ -52,7 +53,7 @@ class Scanner {
         stop = openEnd ? text - 1 : start;
         return count;
       }
-      ++count;
+      starts[count++] = start;
       text = end;
       if (count == kNumbers || At(text) != L'-') {
         stop = SkipWhiteSpace(text);
@@ -148,8 +149,9 @@ DateReading Read(const wchar_t* text, wchar_t separator, Rules rules, const Date
     if (fill) reading.date = *fill;
     return reading;
   }
-  const wchar_t* stop;
-  reading.fields = Scanner(separator).Scan(text, reading.numbers, stop);
+  const wchar_t *starts[kNumbers], *stop;
+  reading.fields = Scanner(separator).Scan(text, reading.numbers, starts, stop);
+  for (int i = 0; i < reading.fields; ++i) reading.starts[i] = static_cast<int>(starts[i] - text);
   if (*stop) reading.stopped = static_cast<int>(stop - text);
 
   Parts parts;
@@ -238,8 +240,8 @@ bool ValidDateFormat(const wchar_t* text, Format::DATE_FORMAT format, unsigned s
   const bool known = format >= Format::DF_DMY && format <= Format::DF_YYYYMMDD;
   if (known && text) {
     unsigned short numbers[kNumbers];
-    const wchar_t* stop;
-    const int count = Scanner(0).Scan(text, numbers, stop);
+    const wchar_t *starts[kNumbers], *stop;
+    const int count = Scanner(0).Scan(text, numbers, starts, stop);
     Assign(numbers, count, IsDayFirst(format), parts);
   }
   CompleteYear(parts.year, UseHijriDate());

@@ -43,6 +43,13 @@ Date DateOfDay(int day) {
 
 }  // namespace
 
+Date THCalendar::FirstDay() {
+  return DateFromDayNumber(kHijriTableBegin);
+}
+Date THCalendar::LastDay() {
+  return DateFromDayNumber(kHijriTableEnd - 1);
+}
+
 int THCalendar::GetHijriDateShift(int hmonth, int hyear) {
   return IsMonth(hmonth) ? GetHijriShift(hmonth, hyear) : 0;
 }

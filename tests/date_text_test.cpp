@@ -1,5 +1,6 @@
 #include "date_text.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <optional>
@@ -88,6 +89,20 @@ TEST_F(DateTextTest, ReadingStopsAtTheFirstCharacterThatIsNotRead) {
     const DateReading reading = ReadDateText(row.text);
     EXPECT_EQ(reading.fields, row.fields);
     EXPECT_EQ(reading.stopped, row.stopped);
+  }
+}
+
+TEST_F(DateTextTest, AReadingTellsWhereEachNumberStands) {
+  const struct {
+    const wchar_t* text;
+    int first, second, third;
+  } rows[] = {
+      {L"7-3-24", 0, 2, 4}, {L" 07- +3-\t-24", 1, 5, 9}, {L"7/3/24", 0, -1, -1},
+      {L"x", -1, -1, -1},   {L"", -1, -1, -1},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.text);
+    EXPECT_THAT(ReadDateText(row.text).starts, testing::ElementsAre(row.first, row.second, row.third));
   }
 }
 
