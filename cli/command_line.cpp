@@ -1,0 +1,239 @@
+#include "command_line.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cstddef>
+#include <deque>
+#include <iterator>
+
+#include "commands.h"
+#include "digits.h"
+#include "text.h"
+
+namespace Cli {
+
+namespace {
+
+using Run = int (*)(const Options&);
+
+struct Command {
+  CLI::App* app;
+  Run run;
+  std::vector<CLI::Option*> operands;
+};
+
+// The language must be known before the help texts are chosen, so it is looked up ahead of the real reading.
+std::string LanguageAskedFor(const std::vector<std::string>& arguments, const std::string& otherwise) {
+  std::string language = otherwise;
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    if (arguments[i].starts_with("--lang=")) language = arguments[i].substr(7);
+    if (arguments[i] == "--lang" && i + 1 < arguments.size()) language = arguments[i + 1];
+  }
+  return language == "ar" || language == "en" ? language : otherwise;
+}
+
+// Put behind "[...]", which the parser would otherwise take apart as a list of its own.
+constexpr char kShield = '\x01';
+
+// As the parser has to see an argument: "-٥" is a number as "-5" is, but only the latter is known from an option.
+std::string Shielded(const std::string& argument) {
+  if (argument.starts_with('[') && argument.ends_with(']')) return argument + kShield;
+  const bool foreignDigit = argument.starts_with("-\xD9") || argument.starts_with("-\xDB");
+  return foreignDigit ? Utf8(Qel::Sys::Text::FoldDigits(Wide(argument))) : argument;
+}
+
+std::string Unshielded(std::string argument) {
+  if (argument.ends_with(kShield)) argument.pop_back();
+  return argument;
+}
+
+// Accepts one of the words.
+auto OneOf(const std::vector<std::string>& words) {
+  return [words](const std::string& typed) {
+    if (std::find(words.begin(), words.end(), typed) != words.end()) return std::string();
+    std::string all;
+    for (const std::string& word : words) (all += all.empty() ? "" : ", ") += word;
+    return Say(Text::NotOneOf, {typed, all});
+  };
+}
+
+// Everything that can be asked for, and where what is typed goes.
+class CommandLine {
+ public:
+  explicit CommandLine(Options& options);
+
+  void Parse(std::vector<std::string> arguments);
+  std::string Help() const { return m_App.help(); }
+  // What nothing took; empty when all was taken.
+  std::vector<std::string> LeftOver() const { return m_App.remaining(true); }
+  // The command that was given, null when there was none.
+  const Command* Given() const;
+
+ private:
+  Command& Add(CLI::App& parent, const char* name, Text description, Run run);
+  void AddDate();
+  void AddCalendar();
+  void AddCalc();
+  void AddCommon(CLI::App& app);
+  void AddReading(CLI::App& app);
+  void AddOperand(Command& command, const char* name, Text description, bool many = false);
+  void AddChoice(CLI::App& app, const char* name, std::string& value, std::vector<std::string> words,
+                 Text description);
+  void AddFlag(CLI::App& app, const char* name, bool& value, Text description);
+
+  Options& m_Options;
+  CLI::App m_App;
+  std::deque<Command> m_Commands;  // a command within another stands behind it
+};
+
+CommandLine::CommandLine(Options& options) : m_Options(options), m_App(Say(Text::About), "qel") {
+  m_App.allow_windows_style_options(false);  // "/4" is an expression on every system
+  const auto formatter = m_App.get_formatter();
+  formatter->label("Usage", Say(Text::Usage));
+  formatter->label("Positionals", Say(Text::Operands));
+  formatter->label("SUBCOMMAND", Say(Text::Command));
+  formatter->label("OPTIONS", Say(Text::Option));
+  formatter->column_width(28);
+  m_App.option_defaults()->group(Say(Text::Options));
+  m_App.set_help_flag("--help,-h", Say(Text::OptionHelp));
+  m_App.footer(Say(Text::ExitCodes));
+  AddCommon(m_App);
+  AddDate();
+  AddCalendar();
+  AddCalc();
+  Add(m_App, "error", Text::Error, RunError);
+  Add(m_App, "version", Text::Version, RunVersion);
+}
+
+void CommandLine::Parse(std::vector<std::string> arguments) {
+  std::transform(arguments.begin(), arguments.end(), arguments.begin(), Shielded);
+  std::reverse(arguments.begin(), arguments.end());  // as the parser takes them
+  m_App.parse(std::move(arguments));
+}
+
+const Command* CommandLine::Given() const {
+  const Command* given = nullptr;
+  for (const Command& command : m_Commands)
+    if (command.app->parsed()) given = &command;
+  return given;
+}
+
+Command& CommandLine::Add(CLI::App& parent, const char* name, Text description, Run run) {
+  CLI::App* app = parent.add_subcommand(name, Say(description));
+  app->group(Say(Text::Commands));
+  AddCommon(*app);
+  return m_Commands.emplace_back(Command{app, run, {}});
+}
+
+void CommandLine::AddDate() {
+  Command& date = Add(m_App, "date", Text::Date, RunDate);
+  AddReading(*date.app);
+  AddFlag(*date.app, "--explain", m_Options.explain, Text::OptionExplain);
+  AddOperand(date, "TEXT", Text::OperandDates, true);
+
+  Command& add = Add(*date.app, "add", Text::DateAdd, RunDateAdd);
+  AddReading(*add.app);
+  AddOperand(add, "TEXT", Text::OperandDate);
+  AddOperand(add, "N", Text::OperandCount);
+  AddOperand(add, "UNIT", Text::OperandUnit);
+
+  Command& diff = Add(*date.app, "diff", Text::DateDiff, RunDateDiff);
+  AddReading(*diff.app);
+  AddOperand(diff, "A", Text::OperandFirst);
+  AddOperand(diff, "B", Text::OperandSecond);
+}
+
+void CommandLine::AddCalendar() {
+  Command& calendar = Add(m_App, "calendar", Text::Calendar, RunCalendar);
+  AddFlag(*calendar.app, "--hijri", m_Options.hijri, Text::OptionHijriMonth);
+  AddFlag(*calendar.app, "--both", m_Options.both, Text::OptionBoth);
+  AddChoice(*calendar.app, "--week-start", m_Options.weekStart, {"sat", "sun", "mon"}, Text::OptionWeekStart);
+  AddOperand(calendar, "YYYY-MM", Text::OperandMonth);
+  calendar.operands.clear();  // without one it is this month
+}
+
+void CommandLine::AddCalc() {
+  Command& calc = Add(m_App, "calc", Text::Calc, RunCalc);
+  AddOperand(calc, "EXPR", Text::OperandExpressions, true);
+  calc.app->positionals_at_end();  // what follows the first expression is never an option
+}
+
+void CommandLine::AddCommon(CLI::App& app) {
+  AddChoice(app, "--lang", m_Options.language, {"en", "ar"}, Text::OptionLanguage);
+  AddFlag(app, "--json", m_Options.json, Text::OptionJson);
+  app.add_option("--today", m_Options.today, Say(Text::OptionToday))->type_name("YYYY-MM-DD")->take_last();
+}
+
+void CommandLine::AddReading(CLI::App& app) {
+  AddChoice(app, "--order", m_Options.order, {"dmy", "ymd"}, Text::OptionOrder);
+  AddFlag(app, "--hijri", m_Options.hijri, Text::OptionHijri);
+}
+
+void CommandLine::AddOperand(Command& command, const char* name, Text description, bool many) {
+  const auto take = [this](const CLI::results_t& typed) {
+    std::transform(typed.begin(), typed.end(), std::back_inserter(m_Options.operands), Unshielded);
+    return true;
+  };
+  CLI::Option* operand = command.app->add_option(name, take, Say(description))->type_name("");
+  if (many) operand->expected(1, CLI::detail::expected_max_vector_size)->allow_extra_args();
+  command.operands.push_back(operand);
+}
+
+void CommandLine::AddChoice(CLI::App& app, const char* name, std::string& value,
+                            std::vector<std::string> words, Text description) {
+  std::string shown;
+  for (const std::string& word : words) (shown += shown.empty() ? "" : "|") += word;
+  app.add_option(name, value, Say(description))->type_name(shown)->take_last()->check(OneOf(words));
+}
+
+void CommandLine::AddFlag(CLI::App& app, const char* name, bool& value, Text description) {
+  app.add_flag(name, value, Say(description));
+}
+
+// What the parser found wrong, in the user's language.
+std::string Complaint(const CommandLine& line, const CLI::ParseError& error) {
+  std::string what = error.what();
+  if (!line.LeftOver().empty()) return Say(Text::NotExpected, {Unshielded(line.LeftOver().front())});
+  if (dynamic_cast<const CLI::ArgumentMismatch*>(&error))
+    return Say(Text::ValueMissing, {what.substr(0, what.find(':'))});
+  return what;
+}
+
+std::string MoreAbout(const Command* command) {
+  std::string path = "qel";
+  if (command && command->app->get_parent()->get_parent())
+    (path += ' ') += command->app->get_parent()->get_name();
+  if (command) (path += ' ') += command->app->get_name();
+  return Say(Text::MoreAbout, {path});
+}
+
+std::string WhatIsMissing(const Command* command) {
+  if (!command) return Say(Text::NoCommand);
+  for (const CLI::Option* operand : command->operands)
+    if (operand->count() == 0) return Say(Text::OperandMissing, {operand->get_name()});
+  return {};
+}
+
+}  // namespace
+
+Request ReadCommandLine(std::vector<std::string> arguments, const std::string& language) {
+  Request request;
+  request.options.language = language;
+  SpeakArabic(LanguageAskedFor(arguments, language) == "ar");
+  CommandLine line(request.options);
+  try {
+    line.Parse(std::move(arguments));
+    SpeakArabic(request.options.language == "ar");
+    request.complaint = WhatIsMissing(line.Given());
+    if (request.complaint.empty()) request.run = line.Given()->run;
+  } catch (const CLI::CallForHelp&) {
+    request.help = line.Help();
+  } catch (const CLI::ParseError& error) {
+    request.complaint = Complaint(line, error);
+  }
+  if (!request.complaint.empty()) request.complaint += "\n" + MoreAbout(line.Given());
+  return request;
+}
+
+}  // namespace Cli

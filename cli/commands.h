@@ -1,0 +1,20 @@
+// The commands, one source each. The settings (language, order, calendar) are in SysFormat when one runs. A
+// command writes its results, says on the message stream what it could not read, and returns an exit code.
+#ifndef QEL_CLI_COMMANDS_H
+#define QEL_CLI_COMMANDS_H
+
+#include "options.h"
+
+namespace Cli {
+
+int RunDate(const Options& options);
+int RunDateAdd(const Options& options);
+int RunDateDiff(const Options& options);
+int RunCalendar(const Options& options);
+int RunCalc(const Options& options);
+int RunError(const Options& options);
+int RunVersion(const Options& options);
+
+}  // namespace Cli
+
+#endif  // QEL_CLI_COMMANDS_H

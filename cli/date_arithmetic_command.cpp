@@ -1,0 +1,110 @@
+#include <charconv>
+#include <memory>
+#include <optional>
+
+#include "calendar.h"
+#include "commands.h"
+#include "day.h"
+#include "digits.h"
+#include "exceptions.h"
+#include "hcalendar.h"
+#include "output.h"
+#include "text.h"
+#include "typed_date.h"
+
+namespace Cli {
+
+namespace {
+
+using namespace Qel::Sys::DateTime;
+
+int Refuse(const std::string& input, const Refusal& refusal, const Options& options) {
+  if (options.json)
+    Print(AsJson(input, refusal).Line());
+  else
+    Complain(Joined({"\"", input, "\": ", refusal.text}));
+  return kUnreadable;
+}
+
+// The date, or nothing after having said why.
+std::optional<Date> ReadOrComplain(const std::string& text, const Options& options) {
+  const TypedDate typed = ReadTypedDate(text);
+  if (!typed.refusal) return typed.reading.date;
+  Refuse(typed.text, *typed.refusal, options);
+  return std::nullopt;
+}
+
+// A whole number in any digits, with an optional sign.
+std::optional<Refusal> ReadCount(const std::string& typed, int& count) {
+  const std::string text = Utf8(Qel::Sys::Text::FoldDigits(Wide(typed)));
+  const char* const first = text.c_str() + (text.starts_with('+') ? 1 : 0);
+  const char* const end = text.c_str() + text.size();
+  const auto [stop, status] = std::from_chars(first, end, count);
+  const int position = static_cast<int>(stop - text.c_str()) + 1;
+  if (status == std::errc::result_out_of_range)
+    return Refusal{"count", 1, Say(Text::CountTooLarge, {InUserDigits(2147483647)})};
+  if (status != std::errc() || stop != end)
+    return Refusal{"count", position, Say(Text::NotACount, {InUserDigits(position), InUserDigits(30)})};
+  return std::nullopt;
+}
+
+using Addition = Date (TCalendar::*)(const Date&, int) const;
+
+Addition AdditionOf(const std::string& unit) {
+  if (unit == "days" || unit == "day") return &TCalendar::AddDays;
+  if (unit == "months" || unit == "month") return &TCalendar::AddMonths;
+  if (unit == "years" || unit == "year") return &TCalendar::AddYears;
+  return nullptr;
+}
+
+// Nothing when the calendar does not reach so far. Hijri months are known only for the years of the table.
+std::optional<Date> Add(const Date& day, Addition add, int count) {
+  try {
+    const std::unique_ptr<const TCalendar> calendar(CreateCalendar());
+    const Date sum = (calendar.get()->*add)(day, count);
+    if (UseHijriDate() && !THCalendar::HasHijriDate(sum)) return std::nullopt;
+    return sum;
+  } catch (Qel::Sys::Exceptions::qel_exception* e) {
+    e->Delete();
+    return std::nullopt;
+  }
+}
+
+std::string OutsideText() {
+  if (!UseHijriDate()) return Say(Text::OutsideCalendar, {InUserDigits(BASEDATE)});
+  return Say(Text::OutsideTable,
+             {GregorianName(THCalendar::FirstDay()), GregorianName(THCalendar::LastDay())});
+}
+
+}  // namespace
+
+int RunDateAdd(const Options& options) {
+  const std::string &text = options.operands[0], &number = options.operands[1], &unit = options.operands[2];
+  const Addition add = AdditionOf(unit);
+  if (!add) {
+    Complain(Say(Text::NotOneOf, {unit, "days, months, years"}));
+    return kUsage;
+  }
+  const std::optional<Date> day = ReadOrComplain(text, options);
+  if (!day) return kUnreadable;
+  int count = 0;
+  if (const auto refusal = ReadCount(number, count)) return Refuse(number, *refusal, options);
+  const std::optional<Date> sum = Add(*day, add, count);
+  if (!sum) return Refuse(text, {"outside", 1, OutsideText()}, options);
+  Print(options.json ? AsJson(text, *sum).Line() : DayLine(*sum) + "\n");
+  return kDone;
+}
+
+int RunDateDiff(const Options& options) {
+  const std::optional<Date> a = ReadOrComplain(options.operands[0], options);
+  const std::optional<Date> b = ReadOrComplain(options.operands[1], options);
+  if (!a || !b) return kUnreadable;
+  const int days = TGCalendar().DateDifference(*a, *b);
+  if (options.json)
+    Print(JsonObject().Add("a", StoredForm(*a)).Add("b", StoredForm(*b)).Add("days", days).Line());
+  else
+    Print(std::to_string(days) + "\n");
+  return kDone;
+}
+
+}  // namespace Cli

@@ -1,0 +1,26 @@
+// What the command line asked for, and what a command answers with.
+#ifndef QEL_CLI_OPTIONS_H
+#define QEL_CLI_OPTIONS_H
+
+#include <string>
+#include <vector>
+
+namespace Cli {
+
+enum ExitCode : int { kDone = 0, kNotWritten = 1, kUsage = 2, kUnreadable = 3 };
+
+struct Options {
+  std::string language;       // "en" or "ar"
+  std::string today;          // YYYY-MM-DD, or empty for the real one
+  std::string order = "dmy";  // or "ymd"
+  std::string weekStart;      // "sat", "sun", "mon", or empty for what the language suggests
+  std::vector<std::string> operands;
+  bool hijri = false;
+  bool both = false;
+  bool explain = false;
+  bool json = false;
+};
+
+}  // namespace Cli
+
+#endif  // QEL_CLI_OPTIONS_H
