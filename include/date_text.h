@@ -50,8 +50,8 @@ struct DateReading {
   };
 
   bool valid = false;
-  Date date = Date::GetNoDate();  // the day; 1 January 1980 when not valid
-  bool hijri = false;             // the numbers were taken as Hijri
+  Date date{1, 1, 1980};  // the day; 1 January 1980 when not valid
+  bool hijri = false;     // the numbers were taken as Hijri
 
   int fields = 0;                  // how many numbers the text gave, 0..3
   unsigned short numbers[3] = {};  // these, in the order of the text, modulo 65536

@@ -1,5 +1,7 @@
 #include "date_text.h"
 
+#include <string>
+
 #include "calendar.h"
 #include "day_number.h"
 #include "digits.h"
@@ -196,7 +198,7 @@ class Line {
     return seconds ? (*this << L':').Number(t.Second(), 2) : *this;
   }
 
-  CString Text() const { return CString(m_Text, static_cast<int>(m_End - m_Text)); }
+  CString Text() const { return CString(std::wstring(m_Text, static_cast<std::size_t>(m_End - m_Text))); }
 
  private:
   struct Part {

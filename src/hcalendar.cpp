@@ -37,8 +37,18 @@ const HijriRow& RowOrFirst(int year) noexcept {
 
 // The table reaches back before 1890, where the calendars' count of days begins.
 Date DateOfDay(int day) {
-  const bool inTable = day >= kHijriTableBegin && day < kHijriTableEnd;
-  return inTable ? DateFromDayNumber(day) : TGCalendar().DaysToDate(day);
+  return InHijriTable(day) ? DateFromDayNumber(day) : TGCalendar().DaysToDate(day);
+}
+
+// Tells the length of the month that holds a day of the table by the corrections; `month` holds it without
+// them. Raises when the corrected months of the year end before the day.
+QEL_NOINLINE void TellLength(int row, int dayOfYear, int month, unsigned short* daysInMonth) {
+  const HijriShifts& shifts = g_HijriShifts[row];
+  if (g_HijriCorrected[row]) month = shifts.MonthOfDay(dayOfYear);
+  const HDate first = MakeHDate(1, month, kFirstHijriYear + row);
+  if (!daysInMonth) return;
+  const int length = kHijriTable.rows[row].MonthLength(first.Month());
+  *daysInMonth = static_cast<unsigned short>(length + shifts.OfMonth(first.Month()));
 }
 
 }  // namespace
@@ -125,23 +135,19 @@ HDate THCalendar::FixedGregorianToHijri(const Date& d) {
 
 HDate THCalendar::GregorianToHijri(const Date& d, unsigned short* daysInMonth) {
   const int day = DayNumber(d);
-  const int index = IsMonth(d.Month()) ? HijriRowOfDay(day) : -1;
-  if (index < 0) [[unlikely]] {
+  if (!IsMonth(d.Month()) || !InHijriTable(day)) [[unlikely]] {
     // Raises but for the eve of the table, which counts as day 0: no date either.
     const HDate corrected = FixedGregorianToHijri(d);
     return HDate(0, corrected.Month(), corrected.Year());
   }
+  const int index = HijriRowOfDay(day);
   const HijriRow& row = kHijriTable.rows[index];
-  const HijriShifts& shifts = g_HijriShifts[index];
-  const int year = kFirstHijriYear + index;
   const int dayOfYear = day - row.start + 1;
   const int month = row.MonthOfDay(dayOfYear);
-  const int corrected = shifts.any ? shifts.MonthOfDay(dayOfYear) : month;
-  if (corrected > 12) [[unlikely]]
-    _GetDaysOfMonth(year, corrected);
-  if (daysInMonth)
-    *daysInMonth = static_cast<unsigned short>(row.MonthLength(corrected) + shifts.OfMonth(corrected));
-  return MakeHDate(dayOfYear - row.monthEnds[month - 1], month, year);
+  const auto field = [](int value) { return static_cast<unsigned short>(value); };
+  const HDate h(field(dayOfYear - row.monthEnds[month - 1]), field(month), field(kFirstHijriYear + index));
+  if (g_HijriCorrected[index] || daysInMonth) TellLength(index, dayOfYear, month, daysInMonth);
+  return h;
 }
 
 int THCalendar::_EncodeDate(const HDate& h) {
@@ -150,7 +156,8 @@ int THCalendar::_EncodeDate(const HDate& h) {
   std::int64_t day = h.Day() - 1;
   if (index >= 0 && IsMonth(month)) [[likely]] {
     const HijriRow& row = kHijriTable.rows[index];
-    day += row.start + row.monthEnds[month - 1] + g_HijriShifts[index].BeforeMonth(month);
+    day += row.start + row.monthEnds[month - 1];
+    if (g_HijriCorrected[index]) day += g_HijriShifts[index].BeforeMonth(month);
   } else {
     day += TGCalendar().DaysFromDate(BaseHijriToGregorian(HDate(1, 1, h.Year())));
     for (int m = month - 1; m > 0; --m) day += _GetDaysOfMonth(h.Year(), m);
@@ -197,7 +204,7 @@ unsigned short THCalendar::GetDaysInMonth(const Date& d) const {
 unsigned short THCalendar::GetDaysInMonth(int year, int month) const {
   const HDate first = MakeHDate(1, month, year);
   const int index = HijriRowOfYear(year);
-  if (index >= 0 && !g_HijriShifts[index].any) return CalcDaysInHijriMonth(first);
+  if (index >= 0 && !g_HijriCorrected[index]) return CalcDaysInHijriMonth(first);
   return GetDaysInMonth(FixedHijriToGregorian(first));
 }
 

@@ -7,6 +7,7 @@
 
 namespace Qel::Sys::DateTime {
 
+bool g_HijriCorrected[kHijriRows];
 HijriShifts g_HijriShifts[kHijriRows];
 
 namespace {
@@ -28,7 +29,6 @@ THijriDateShift* FindShift(int month, int year) {
 // stay below 400.
 void UpdateEnds(HijriShifts& year, const HijriRow& row) {
   constexpr std::int64_t kBeyondAnyDay = 400;
-  year.any = std::any_of(year.shift, year.shift + 13, [](int shift) { return shift != 0; });
   std::int64_t end = 0;
   for (int m = 1; m <= 12; ++m) {
     end = std::max(end, row.monthEnds[m] + year.BeforeMonth(m + 1));
@@ -37,6 +37,13 @@ void UpdateEnds(HijriShifts& year, const HijriRow& row) {
 }
 
 }  // namespace
+
+int HijriShifts::MonthOfDay(int dayOfYear) const noexcept {
+  int month = (dayOfYear - 1) / 30 + 1;  // near enough to search from
+  while (month > 1 && dayOfYear <= monthEnds[month - 1]) --month;
+  while (month < 13 && dayOfYear > monthEnds[month]) ++month;
+  return month;
+}
 
 void SetHijriShift(int month, int year, int shift) {
   if (THijriDateShift* const entry = FindShift(month, year); !entry) {
@@ -48,8 +55,10 @@ void SetHijriShift(int month, int year, int shift) {
   }
   const int row = HijriRowOfYear(year);
   if (row < 0) return;
-  g_HijriShifts[row].shift[month] = shift;
-  UpdateEnds(g_HijriShifts[row], kHijriTable.rows[row]);
+  HijriShifts& shifts = g_HijriShifts[row];
+  shifts.shift[month] = shift;
+  UpdateEnds(shifts, kHijriTable.rows[row]);
+  g_HijriCorrected[row] = std::any_of(shifts.shift, shifts.shift + 13, [](int s) { return s != 0; });
 }
 
 int GetHijriShift(int month, int year) {

@@ -9,12 +9,14 @@
 
 namespace Qel::Sys::DateTime {
 
-// The corrections of one year of the table. All zero when it has none.
+// Whether a year of the table has a correction other than 0. Apart from the corrections themselves, so that
+// the years without, which is nearly all of them, do not reach for memory that was never written.
+extern bool g_HijriCorrected[kHijriRows];
+
+// The corrections of one year of the table.
 struct HijriShifts {
-  bool any;       // whether the year has a correction other than 0
-  int shift[14];  // [month]; none for [13]: the next year's start is fixed
-  // With `any`: [m] is the last day of the year that belongs to one of the months 1 to m.
-  std::uint16_t monthEnds[13];
+  int shift[14];                // [month]; none for [13]: the next year's start is fixed
+  std::uint16_t monthEnds[13];  // [m] is the last day of the year that belongs to one of the months 1 to m
 
   // By how many days the table's sum of the months before `month` changes.
   std::int64_t BeforeMonth(int month) const noexcept { return std::int64_t{shift[month]} - shift[1]; }
@@ -22,15 +24,11 @@ struct HijriShifts {
   // By how many days the month's length changes.
   std::int64_t OfMonth(int month) const noexcept { return std::int64_t{shift[month + 1]} - shift[month]; }
 
-  // With `any`: the month of the year's day 1..355, or 13 when the corrected months end before it.
-  int MonthOfDay(int dayOfYear) const noexcept {
-    int month = (dayOfYear - 1) / 30 + 1;  // near enough to search from
-    while (month > 1 && dayOfYear <= monthEnds[month - 1]) --month;
-    while (month < 13 && dayOfYear > monthEnds[month]) ++month;
-    return month;
-  }
+  // The month of the year's day 1..355, or 13 when the corrected months end before it.
+  int MonthOfDay(int dayOfYear) const noexcept;
 };
 
+// Of the years with a correction; the others have zeros.
 extern HijriShifts g_HijriShifts[kHijriRows];
 
 // What SetHijriDateShift and GetHijriDateShift of the calendar do, for a month 1..12 of any year.

@@ -33,11 +33,11 @@ struct HijriRow {
 
   constexpr int MonthLength(int month) const noexcept { return 29 + (longMonths >> (month - 1) & 1); }
 
-  // The month of the year's day 1..355; a day beyond its months belongs to month 12.
+  // The month of the year's day 1..355.
   constexpr int MonthOfDay(int dayOfYear) const noexcept {
     // Months have 29 or 30 days, so day d lies in month (d - 1) / 30 + 1 or in the next.
-    const int month = (dayOfYear - 1) / 30 + 1;
-    return month < 12 ? month + (dayOfYear > monthEnds[month]) : 12;
+    const int month = static_cast<int>(static_cast<std::uint32_t>(dayOfYear - 1) / 30) + 1;
+    return month + (dayOfYear > monthEnds[month]);
   }
 };
 
@@ -62,9 +62,12 @@ inline constexpr int kHijriRows = std::size(kHijriTable.rows);
 inline constexpr int kHijriTableBegin = kHijriTable.rows[0].start;
 inline constexpr int kHijriTableEnd = TabularStart(kFirstHijriYear + kHijriRows);  // the day after its last
 
-// The index of the row of a day, or -1 when the table does not have it.
+constexpr bool InHijriTable(int day) noexcept {
+  return day >= kHijriTableBegin && day < kHijriTableEnd;
+}
+
+// The index of the row of a day of the table.
 constexpr int HijriRowOfDay(int day) noexcept {
-  if (day < kHijriTableBegin || day >= kHijriTableEnd) return -1;
   // The tabular year begins on the same day as the table's, or on the day before.
   const int row = TabularYear(day) - kFirstHijriYear;
   return row - (day < kHijriTable.rows[row].start);
