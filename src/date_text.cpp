@@ -172,6 +172,7 @@ DateReading Read(const wchar_t* text, wchar_t separator, Rules rules, const Date
 // A text in the making, from numbers of dates and times alone; no heap until it is done.
 class Line {
  public:
+  // cppcheck-suppress uninitMemberVar
   Line() : m_End(m_Text) {}  // written out, or Line() would clear the room first
 
   Line& operator<<(wchar_t ch) {
@@ -264,6 +265,7 @@ Date StrToDate(const wchar_t* text) {
   return reading.valid ? reading.date : Date();
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): hosts know it so
 Date StrToDateG(const wchar_t* text, wchar_t separator, Date fill) {
   const DateReading reading = Read(text, separator, RulesOfSettings(), &fill);
   return reading.valid ? reading.date : fill;
@@ -276,6 +278,7 @@ HDate StrToDateH(const wchar_t* text) {
   return HDate(read.day, read.month, read.year);
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): hosts know it so
 bool SQLStrToDate(Date& out, const wchar_t* text, wchar_t separator, Date fill) {
   const DateReading reading = Read(text, separator, {false, false}, &fill);
   out = reading.valid ? reading.date : fill;

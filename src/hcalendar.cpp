@@ -77,7 +77,7 @@ HDate THCalendar::BaseGregorianToHijri(const Date& d, unsigned short* daysInMont
   const int dayOfYear = day - TabularStart(year);
   // Months of 30 and 29 days in turn, the last of 30 in a leap year.
   const int month = std::min(2 * dayOfYear / 59, 11);
-  const HDate h = MakeHDate(dayOfYear - (59 * month + 1) / 2 + 1, month + 1, year);
+  HDate h = MakeHDate(dayOfYear - (59 * month + 1) / 2 + 1, month + 1, year);
   if (daysInMonth) *daysInMonth = CalcDaysInHijriMonth(h);
   return h;
 }
@@ -145,7 +145,7 @@ HDate THCalendar::GregorianToHijri(const Date& d, unsigned short* daysInMonth) {
   const int dayOfYear = day - row.start + 1;
   const int month = row.MonthOfDay(dayOfYear);
   const auto field = [](int value) { return static_cast<unsigned short>(value); };
-  const HDate h(field(dayOfYear - row.monthEnds[month - 1]), field(month), field(kFirstHijriYear + index));
+  HDate h(field(dayOfYear - row.monthEnds[month - 1]), field(month), field(kFirstHijriYear + index));
   if (g_HijriCorrected[index] || daysInMonth) TellLength(index, dayOfYear, month, daysInMonth);
   return h;
 }

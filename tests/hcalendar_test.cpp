@@ -202,6 +202,29 @@ TEST_F(HijriCorrectionTest, APositiveCorrectionOfMuharramLeavesTheLastDaysWithou
   EXPECT_EQ(Text(THCalendar::GtoH(Date(7, 7, 2024))), "1/1/1446");
 }
 
+TEST_F(HijriCorrectionTest, YearsBehindTheTableHaveTheMonthsOf1306AndCorrectionsOfTheirOwn) {
+  for (const int shift : {0, 3}) {
+    if (shift != 0) Set(5, 1500, shift);
+    for (const int year : {1500, 1517})
+      for (int month = 1; month <= 12; ++month)
+        EXPECT_EQ(Text(THCalendar::HtoG(Hijri(7, month, year))),
+                  Text(ToDate(m_Plain.DayOf({7, month, year}))));
+  }
+}
+
+TEST_F(HijriCorrectionTest, ATabularDayIsMovedByTheCorrectionOfItsMonth) {
+  Set(9, 1445, 2);
+  Set(10, 1445, 1);
+  EXPECT_EQ(Steps::CalcDaysInHijriMonth(Hijri(1, 9, 1445)), 30);  // as listed, without corrections
+  Date day(20, 3, 2024);
+  unsigned short daysInMonth = 30;
+  Steps::FixHijriDate(day, &daysInMonth, 1);
+  EXPECT_EQ(Text(day), "18/3/2024");
+  EXPECT_EQ(daysInMonth, 29);
+  Steps::FixHijriDate(day, nullptr, -1);
+  EXPECT_EQ(Text(day), "20/3/2024");
+}
+
 TEST_F(HijriCorrectionTest, ZeroRemovesACorrectionInsideAndOutsideTheTable) {
   for (const int year : {1445, 1200, 1500, -3}) {
     SCOPED_TRACE(year);
@@ -270,6 +293,12 @@ TEST(HijriCalendarTest, OutsideTheTableConversionsSayWhatIsWrong) {
     EXPECT_EQ(RaisedBy([&] { start = Text(THCalendar::HtoG(Hijri(1, 1, row.year))); }), row.raised);
     EXPECT_EQ(start, row.start);
   }
+}
+
+TEST(HijriCalendarTest, ADayBeyondTheEndOfItsMonthCountsOn) {
+  Date d(1, 2, 2024);
+  d.SetDay(31);  // 2 March 2024
+  EXPECT_EQ(Text(THCalendar::GtoH(d)), "21/8/1445");
 }
 
 TEST(HijriCalendarTest, TheTabularRuleRepeatsEveryThirtyYears) {
