@@ -54,8 +54,8 @@ class QEL_API THCalendar : public TGCalendar {
 
   // Sets, replaces, or with a shift of 0 removes the correction of a month. Raises
   // "( hmonth > 0 ) && ( hmonth < 13 )" for any other month, and the list's "n != 0" when there is no memory.
-  // Kept: a 0 for a month without correction stores an entry of 0, because hosts list what was asked for; the
-  // next 0 removes it.
+  // Kept: a 0 for a month without correction is entered too, and the next 0 removes it, because installations
+  // count the entries that they made.
   static void SetHijriDateShift(int hmonth, int hyear, int shift);
 
   // The Hijri date of a Gregorian day, and its month's length in `*daysInMonth` unless that is null.
@@ -63,7 +63,9 @@ class QEL_API THCalendar : public TGCalendar {
     return GregorianToHijri(d, daysInMonth);
   }
 
-  // The Gregorian day of a Hijri date. Day 30 of a month with 29 days is the first of the next.
+  // The Gregorian day of a Hijri date.
+  // Kept: day 30 of a month with 29 days is the first of the next, because an announced month may run longer
+  // than the listed one.
   static Date HtoG(const HDate& h) { return FixedHijriToGregorian(h); }
 
   // Kept: IsLeapYear stays the Gregorian rule for whatever year it gets, because hosts ask it about the

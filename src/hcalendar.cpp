@@ -181,8 +181,8 @@ Date THCalendar::AddMonths(const Date& d, int n) const {
     --year;
   }
   const HDate first = MakeHDate(1, month, year);
-  const int lastDay = std::min<int>(GetDaysInMonth(first.Year(), first.Month()), 30);
-  return FixedHijriToGregorian(MakeHDate(std::min<int>(h.Day(), lastDay), first.Month(), first.Year()));
+  const int day = std::min(h.Day(), GetDaysInMonth(first.Year(), first.Month()));
+  return FixedHijriToGregorian(MakeHDate(day, first.Month(), first.Year()));
 }
 
 int THCalendar::GetDay(const Date& d) const {

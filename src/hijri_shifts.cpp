@@ -2,9 +2,6 @@
 
 #include <algorithm>
 
-#include "hcalendar.h"
-#include "list.h"
-
 namespace Qel::Sys::DateTime {
 
 bool g_HijriCorrected[kHijriRows];
@@ -12,16 +9,9 @@ HijriShifts g_HijriShifts[kHijriRows];
 
 namespace {
 
-using ShiftList = List<THijriDateShift>;
-
-ShiftList& AllShifts() {
-  static ShiftList s_Shifts;
-  return s_Shifts;
-}
-
 // The entry of a month or null. Leaves the list's cursor alone, so that threads may read at the same time.
 THijriDateShift* FindShift(int month, int year) {
-  return AllShifts().find({month, year, 0});
+  return HijriShiftList().find({month, year, 0});
 }
 
 // The days of a year are given to its months in order, each to the first month whose end has not passed: an
@@ -38,6 +28,11 @@ void UpdateEnds(HijriShifts& year, const HijriRow& row) {
 
 }  // namespace
 
+List<THijriDateShift>& HijriShiftList() {
+  static List<THijriDateShift> s_Shifts;
+  return s_Shifts;
+}
+
 int HijriShifts::MonthOfDay(int dayOfYear) const noexcept {
   int month = (dayOfYear - 1) / 30 + 1;  // near enough to search from
   while (month > 1 && dayOfYear <= monthEnds[month - 1]) --month;
@@ -47,9 +42,9 @@ int HijriShifts::MonthOfDay(int dayOfYear) const noexcept {
 
 void SetHijriShift(int month, int year, int shift) {
   if (THijriDateShift* const entry = FindShift(month, year); !entry) {
-    AllShifts().append({month, year, shift});
+    HijriShiftList().append({month, year, shift});
   } else if (shift == 0) {
-    AllShifts().remove(*entry);
+    HijriShiftList().remove(*entry);
   } else {
     entry->shift = shift;
   }

@@ -5,7 +5,9 @@
 
 #include <cstdint>
 
+#include "hcalendar.h"
 #include "hijri_table.h"
+#include "list.h"
 
 namespace Qel::Sys::DateTime {
 
@@ -30,6 +32,9 @@ struct HijriShifts {
 
 // Of the years with a correction; the others have zeros.
 extern HijriShifts g_HijriShifts[kHijriRows];
+
+// All corrections in the order in which they were entered, at most one a month.
+List<THijriDateShift>& HijriShiftList();
 
 // What SetHijriDateShift and GetHijriDateShift of the calendar do, for a month 1..12 of any year.
 void SetHijriShift(int month, int year, int shift);

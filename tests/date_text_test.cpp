@@ -239,6 +239,7 @@ TEST_F(DateTextTest, EachReaderHasItsOwnFillIn) {
       {L"7/3/24", 0, kGregorian, L"2010-03-07", L"2007-03-20", true},
       {L"2024.3.7", L'.', kGregorian, L"2024-03-07", L"2024-03-07", true},
       {L"7 3 24", L' ', kGregorian, L"2024-03-07", L"2007-03-24", true},
+      {L"7  3 24", L' ', kGregorian, L"2010-03-20", L"2010-03-20", false},  // 7--3-24: there is no month -3
       {L"7x3x24", L'x', kHijri, L"2003-05-08", L"2007-03-24", true},
       {L"7", 0, kHijri, L"2010-03-23", L"2007-03-20", true},  // 7/4/1431
       {L"", L'/', kGregorian, L"2010-03-20", L"2010-03-20", true},
@@ -296,6 +297,7 @@ TEST_F(DateTextTest, ValidDateFormatReadsInTheOrderAskedFor) {
       {L"7-3-24", 4, kGregorian, true, 9, 8, 1999},
       {L"7-3-24", -1, kHijri, false, 9, 8, 1999},
       {L"1-1-0", 1, kHijri, false, 1, 1, 1400},
+      {L"1-1-100", 1, kGregorian, false, 1, 1, 100},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.text ? row.text : L"null");

@@ -5,7 +5,7 @@
 #include <set>
 #include <string>
 
-#include "format.h"
+#include "hijri_shifts.h"
 #include "support/hijri_years.h"
 #include "support/plain_hijri.h"
 #include "support/raises.h"
@@ -51,8 +51,10 @@ class HijriCorrectionTest : public testing::Test {
   }
 
   void TearDown() override {
-    for (const auto& [month, shift] : m_Plain.shifts)
-      if (shift != 0) THCalendar::SetHijriDateShift(month.second, month.first, 0);
+    for (int left = HijriShiftList().GetCount(); left > 0; --left) {
+      const THijriDateShift entry = HijriShiftList()[0];
+      THCalendar::SetHijriDateShift(entry.hmonth, entry.hyear, 0);
+    }
   }
 
   // Holds every day of the year, and of the months around it, against the plain calendar, and every date
@@ -238,6 +240,11 @@ TEST_F(HijriCorrectionTest, ZeroRemovesACorrectionInsideAndOutsideTheTable) {
     EXPECT_EQ(THCalendar::GetHijriDateShift(9, year), 0);
     EXPECT_EQ(THCalendar::GetHijriDateShift(8, year), -2);
   }
+  EXPECT_EQ(HijriShiftList().GetCount(), 4);
+  THCalendar::SetHijriDateShift(9, 1445, 0);
+  EXPECT_EQ(HijriShiftList().GetCount(), 5);  // Kept: a 0 is entered where there is nothing to remove
+  THCalendar::SetHijriDateShift(9, 1445, 0);
+  EXPECT_EQ(HijriShiftList().GetCount(), 4);
   for (const int month : {0, 13, -1}) {
     EXPECT_EQ(THCalendar::GetHijriDateShift(month, 1445), 0);
     EXPECT_EQ(RaisedBy([&] { THCalendar::SetHijriDateShift(month, 1445, 1); }),
@@ -270,6 +277,8 @@ TEST(HijriCalendarTest, OutsideTheTableConversionsSayWhatIsWrong) {
     EXPECT_EQ(raised, row.raised);
     EXPECT_EQ(THCalendar::HasHijriDate(row.day), raised.empty());
   }
+  // The eve of the table counts as day 0, which becomes the first.
+  EXPECT_EQ(Text(Steps::FixedGregorianToHijri(Date(6, 9, 1888))), "1/1/1304");
   const struct {
     int year;
     const wchar_t* raised;
