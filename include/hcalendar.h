@@ -22,6 +22,8 @@
 // none.
 // Kept: 30/12/1421 is the same day as 1/1/1422, because stored dates rest on the starts of both years: the
 // months of 1421 add up to 354 days, but the next year starts after 353.
+// Kept: IsLeapYear stays the Gregorian rule for whatever year it gets, because hosts ask it about the stored
+// day's.
 //
 // Corrections have no lock: set them while the host starts, before dates are converted. All else is free of
 // shared state and may be used from several threads.
@@ -69,8 +71,8 @@ class QEL_API THCalendar : public TGCalendar {
   static Date HtoG(const HDate& h) { return FixedHijriToGregorian(h); }
 
   // Kept: IsLeapYear stays the Gregorian rule for whatever year it gets, because hosts ask it about the
-  // stored day's.
-  // The first and the last day of the table, and whether a day lies between them and so has a Hijri date.
+  // stored day's. The first and the last day of the table, and whether a day lies between them and so has a
+  // Hijri date.
   static Date FirstDay();
   static Date LastDay();
   static bool HasHijriDate(const Date& d) { return d >= FirstDay() && d <= LastDay(); }

@@ -361,6 +361,12 @@ TEST(HijriCalendarTest, ArithmeticCountsHijriMonths) {
   EXPECT_EQ(Text(calendar.PrevYear(day(1, 9, 1445))), Text(day(1, 9, 1444)));
 }
 
+TEST(HijriCalendarTest, TheLeapTestStaysGregorian) {
+  const THCalendar calendar;
+  EXPECT_TRUE(calendar.IsLeapYear(Date(11, 3, 2024)));
+  EXPECT_FALSE(calendar.IsLeapYear(1445));  // a Hijri year of 355 days
+}
+
 TEST(HijriCalendarTest, SetDateTakesHijriNumbersAndRefusesWhatIsNone) {
   const THCalendar calendar;
   const struct {
