@@ -98,6 +98,7 @@ std::vector<Date> DaysOfMonth(const TCalendar& calendar, const Date& first) {
   std::vector<Date> days;
   const double start = first;
   const int count = static_cast<int>(calendar.EndOfMonth(first) - start) + 1;
+  days.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) days.emplace_back(start + i);
   return days;
 }

@@ -78,7 +78,7 @@ class CommandLine {
   void AddCommon(CLI::App& app);
   void AddReading(CLI::App& app);
   void AddOperand(Command& command, const char* name, Text description, bool many = false);
-  void AddChoice(CLI::App& app, const char* name, std::string& value, std::vector<std::string> words,
+  void AddChoice(CLI::App& app, const char* name, std::string& value, const std::vector<std::string>& words,
                  Text description);
   void AddFlag(CLI::App& app, const char* name, bool& value, Text description);
 
@@ -123,7 +123,8 @@ Command& CommandLine::Add(CLI::App& parent, const char* name, Text description, 
   CLI::App* app = parent.add_subcommand(name, Say(description));
   app->group(Say(Text::Commands));
   AddCommon(*app);
-  return m_Commands.emplace_back(Command{app, run, {}});
+  m_Commands.push_back({app, run, {}});
+  return m_Commands.back();
 }
 
 void CommandLine::AddDate() {
@@ -181,7 +182,7 @@ void CommandLine::AddOperand(Command& command, const char* name, Text descriptio
 }
 
 void CommandLine::AddChoice(CLI::App& app, const char* name, std::string& value,
-                            std::vector<std::string> words, Text description) {
+                            const std::vector<std::string>& words, Text description) {
   std::string shown;
   for (const std::string& word : words) (shown += shown.empty() ? "" : "|") += word;
   app.add_option(name, value, Say(description))->type_name(shown)->take_last()->check(OneOf(words));
