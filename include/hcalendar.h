@@ -70,9 +70,7 @@ class QEL_API THCalendar : public TGCalendar {
   // than the listed one.
   static Date HtoG(const HDate& h) { return FixedHijriToGregorian(h); }
 
-  // Kept: IsLeapYear stays the Gregorian rule for whatever year it gets, because hosts ask it about the
-  // stored day's. The first and the last day of the table, and whether a day lies between them and so has a
-  // Hijri date.
+  // The first and the last day of the table, and whether a day lies between them and so has a Hijri date.
   static Date FirstDay();
   static Date LastDay();
   static bool HasHijriDate(const Date& d) { return d >= FirstDay() && d <= LastDay(); }

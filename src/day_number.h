@@ -5,6 +5,9 @@
 #ifndef QEL_DAY_NUMBER_H
 #define QEL_DAY_NUMBER_H
 
+#include <algorithm>
+#include <limits>
+
 #include "date.h"
 
 namespace Qel::Sys::DateTime {
@@ -58,6 +61,13 @@ constexpr CivilDay CivilFromDayNumber(int number) {
 }
 
 static_assert(DayNumber(1890, 1, 1) == 1 && DayNumber(0, 3, 1) == -kDayZero);
+
+// For a count of days: one beyond 32 bits leads beyond every year as well as the largest that they hold. Room is
+// left to take one day off.
+constexpr int SaturatedCount(long long count) {
+  constexpr int kMost = std::numeric_limits<int>::max();
+  return static_cast<int>(std::clamp<long long>(count, -kMost, kMost));
+}
 
 // For the fields of a date: a number too large or too small for them becomes 0, which no field may be, so
 // that the constructor refuses it with its own text.

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <limits>
 
 #include "calendar.h"
 #include "date_text.h"
@@ -25,18 +24,12 @@ CString OwnText(unsigned id) {
   return Text::LibResStr(id, Text::GetLibraryResourceInstance());
 }
 
-// A count that 32 bits do not hold leads beyond every year as well as the largest one that they do.
-int Saturated(long long count) {
-  using Limits = std::numeric_limits<int>;
-  return static_cast<int>(std::clamp<long long>(count, Limits::min(), Limits::max()));
-}
-
 }  // namespace
 
 TCalendar::~TCalendar() = default;
 
 Date TGCalendar::AddDays(const Date& d, int n) const {
-  return DaysToDate(Saturated(static_cast<long long>(DaysFromDate(d)) + n));
+  return DaysToDate(SaturatedCount(static_cast<long long>(DaysFromDate(d)) + n));
 }
 
 Date TGCalendar::AddMonths(const Date& d, int n) const {
@@ -53,7 +46,8 @@ Date TGCalendar::AddMonths(const Date& d, int n) const {
 }
 
 Date TGCalendar::AddYears(const Date& d, int n) const {
-  return AddMonths(d, Saturated(static_cast<long long>(n) * GetMonthsInYear()));
+  constexpr int kBeyondAllYears = 100'000;  // as far as any number, and its months fit in 32 bits
+  return AddMonths(d, std::clamp(n, -kBeyondAllYears, kBeyondAllYears) * GetMonthsInYear());
 }
 
 int TGCalendar::GetDay(const Date& d) const {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <limits>
 #include <new>
 
 #include "date_text.h"
@@ -97,7 +96,7 @@ unsigned short THCalendar::CalcDaysInHijriMonth(const HDate& h) {
 void THCalendar::FixHijriDate(Date& d, unsigned short* daysInMonth, int sign) {
   const HDate h = BaseGregorianToHijri(d);
   const std::int64_t shift = GetHijriDateShift(h.Month(), h.Year());
-  d = TGCalendar().AddDays(d, static_cast<int>(-shift * sign));
+  d = TGCalendar().AddDays(d, SaturatedCount(-shift * sign));
   if (!daysInMonth) return;
   const int next = GetHijriDateShift(h.Month() + 1, h.Year());
   *daysInMonth = static_cast<unsigned short>(*daysInMonth - shift + next);
@@ -159,11 +158,11 @@ int THCalendar::_EncodeDate(const HDate& h) {
     day += row.start + row.monthEnds[month - 1];
     if (g_HijriCorrected[index]) day += g_HijriShifts[index].BeforeMonth(month);
   } else {
-    day += TGCalendar().DaysFromDate(BaseHijriToGregorian(HDate(1, 1, h.Year())));
+    day += index >= 0 ? kHijriTable.rows[index].start
+                      : TGCalendar().DaysFromDate(BaseHijriToGregorian(HDate(1, 1, h.Year())));
     for (int m = month - 1; m > 0; --m) day += _GetDaysOfMonth(h.Year(), m);
   }
-  using Limits = std::numeric_limits<int>;
-  return static_cast<int>(std::clamp<std::int64_t>(day, Limits::min(), Limits::max()));
+  return SaturatedCount(day);
 }
 
 Date THCalendar::FixedHijriToGregorian(const HDate& h) {

@@ -1,5 +1,5 @@
 // Look-ups in constant time over the table of Hijri years, and the tabular rule that the table's starts
-// follow. Days are numbers as of day_count.h. Months are 1..12.
+// follow. Days are numbers as of day_number.h. Months are 1..12.
 #ifndef QEL_HIJRI_TABLE_H
 #define QEL_HIJRI_TABLE_H
 

@@ -133,6 +133,9 @@ TEST(GregorianCalendarTest, WhatLeadsOutOfTheYearsRaisesAndNeverWraps) {
       {"years whose months are 12 in 32 bits", [&] { return kCalendar.AddYears(first, 1'431'655'766); },
        kYearRule},
       {"most years", [&] { return kCalendar.AddYears(first, kMax); }, kYearRule},
+      {"most years back", [&] { return kCalendar.AddYears(first, kMin); }, kMonthRule},
+      {"most years back from August", [] { return kCalendar.AddYears(Date(1, 8, 2024), kMin); }, kMonthRule},
+      {"most years back from December", [&] { return kCalendar.AddYears(last, kMin); }, kYearRule},
       {"SetDate", [] { return kCalendar.SetDate(7, 3, 2024); }, L"2024-03-07"},
       {"day that is 1 in 16 bits", [] { return kCalendar.SetDate(65537, 1, 2024); }, kDayRule},
       {"month that is 1 in 16 bits", [] { return kCalendar.SetDate(1, -65535, 2024); }, kMonthRule},
@@ -143,7 +146,6 @@ TEST(GregorianCalendarTest, WhatLeadsOutOfTheYearsRaisesAndNeverWraps) {
     EXPECT_EQ(Outcome(row.body), row.outcome);
   }
   EXPECT_EQ(kCalendar.DaysFromDate(last), kLastNumber);
-  EXPECT_NE(Outcome([&] { return kCalendar.AddYears(first, kMin); }).find(L" > 0"), std::wstring::npos);
 }
 
 TEST(GregorianCalendarTest, YearsBelowOneRaiseUnlessTheMonthIsNoneAnyway) {

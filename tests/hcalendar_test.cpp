@@ -2,15 +2,20 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <set>
 #include <string>
 
+#include "format.h"
 #include "hijri_shifts.h"
+#include "support/fixed_clock.h"
 #include "support/hijri_years.h"
 #include "support/plain_hijri.h"
 #include "support/raises.h"
+#include "support/sys_format_guard.h"
 
 using namespace Qel::Sys::DateTime;
+using Qel::Sys::Settings::SysFormat;
 using std::chrono::days;
 using std::chrono::sys_days;
 
@@ -18,6 +23,7 @@ namespace {
 
 constexpr wchar_t kNoSuchMonth[] = L"( month > 0) && (month < 13)";
 constexpr wchar_t kNoSuchDay[] = L"( day > 0) && ( day < 31)";
+constexpr wchar_t kNoSuchGregorianDay[] = L"(day > 0) && (day <= max_day)";
 constexpr wchar_t kBeforeCount[] = L"d.Year() >= BASEDATE";
 
 // The steps of the conversions, which the calendar keeps for calendars derived from it.
@@ -227,6 +233,19 @@ TEST_F(HijriCorrectionTest, ATabularDayIsMovedByTheCorrectionOfItsMonth) {
   EXPECT_EQ(Text(day), "20/3/2024");
 }
 
+TEST_F(HijriCorrectionTest, CorrectionsOfAnySizeRaiseAndNeverWrap) {
+  constexpr int kLeast = std::numeric_limits<int>::min();
+  Set(2, 1445, kLeast);  // all days of the year are of month 2
+  EXPECT_EQ(RaisedBy([] { THCalendar().EndOfMonth(Date(20, 7, 2023)); }), kNoSuchGregorianDay);
+  EXPECT_EQ(RaisedBy([] { THCalendar::HtoG(Hijri(1, 2, 1445)); }), kNoSuchGregorianDay);
+  Set(1, 1445, kLeast);
+  EXPECT_EQ(RaisedBy([] {
+              Date day(20, 7, 2023);
+              Steps::FixHijriDate(day, nullptr, 1);
+            }),
+            L"year > 0");
+}
+
 TEST_F(HijriCorrectionTest, ZeroRemovesACorrectionInsideAndOutsideTheTable) {
   for (const int year : {1445, 1200, 1500, -3}) {
     SCOPED_TRACE(year);
@@ -365,6 +384,42 @@ TEST(HijriCalendarTest, TheLeapTestStaysGregorian) {
   const THCalendar calendar;
   EXPECT_TRUE(calendar.IsLeapYear(Date(11, 3, 2024)));
   EXPECT_FALSE(calendar.IsLeapYear(1445));  // a Hijri year of 355 days
+}
+
+TEST(HijriCalendarTest, AMonthOfTheClockThatIsNoneCountsFromTheStartOfItsYear) {
+  for (const int year : {1419, 1420, 1446}) {  // 1420 starts a day later than the tabular year
+    SCOPED_TRACE(year);
+    const auto number = static_cast<WORD>(year);
+    FixedClock clock({number, 0, 0, 3, 0, 0, 0, 0});
+    EXPECT_EQ(Text(THCalendar::HtoG(HDate())), Text(THCalendar::HtoG(Hijri(3, 1, year))));
+    clock.Set({number, 13, 0, 3, 0, 0, 0, 0});
+    EXPECT_EQ(Text(THCalendar::HtoG(HDate())), Text(THCalendar::HtoG(Hijri(3, 1, year + 1))));
+    clock.Set({number, 14, 0, 3, 0, 0, 0, 0});
+    EXPECT_EQ(RaisedBy([] { THCalendar::HtoG(HDate()); }), kNoSuchMonth);
+  }
+}
+
+TEST(HijriCalendarTest, NamesAndTextsAreHijriButTheReaderWithAResultFollowsTheApplication) {
+  const SysFormatGuard guard;
+  SysFormat.ResLangId = 1033;
+  const THCalendar calendar;
+  const Date date(7, 3, 2024);  // 26/8/1445, a Thursday
+  EXPECT_EQ(calendar.GetMonthName(date), L"Shaban");
+  EXPECT_EQ(calendar.GetMonthName(1), L"Muharram");
+  for (const int month : {0, 13}) EXPECT_EQ(calendar.GetMonthName(month), L"");
+  EXPECT_EQ(calendar.GetDayOfWeekName(date), L"Thr");
+  EXPECT_EQ(calendar.ToString(date), L"26-8-1445");
+  EXPECT_EQ(calendar.ToAsc(date, 3), L"Shaban 1445");
+  EXPECT_EQ(calendar.GetDaysInYear(date), 355);
+  for (const int month : {0, 13})
+    EXPECT_EQ(RaisedBy([&] { calendar.GetDaysInMonth(1445, month); }), kNoSuchMonth);
+
+  Date read(1, 1, 2000);
+  EXPECT_EQ(calendar.FromString(L"7-3-24", read), 1);
+  EXPECT_EQ(Text(read), "7/3/2024");  // Kept: not 7/3/1424
+  SysFormat.UseHijri = true;
+  EXPECT_EQ(calendar.FromString(L"7-3-24", read), 1);
+  EXPECT_EQ(Text(read), "8/5/2003");
 }
 
 TEST(HijriCalendarTest, SetDateTakesHijriNumbersAndRefusesWhatIsNone) {
