@@ -308,20 +308,25 @@ TEST_F(DateTextTest, ValidDateFormatReadsInTheOrderAskedFor) {
     EXPECT_EQ(std::to_string(day) + "/" + std::to_string(month) + "/" + std::to_string(year),
               std::to_string(row.day) + "/" + std::to_string(row.month) + "/" + std::to_string(row.year));
   }
+  // Also a year that the text did not give is completed.
+  Use(Format::DF_DMY, kGregorian);
+  unsigned short day = 29, month = 2, year = 24;
+  EXPECT_TRUE(ValidDateFormat(L"7-3-23", static_cast<Format::DATE_FORMAT>(4), day, month, year));
+  EXPECT_EQ(year, 2024);
 }
 
 TEST_F(DateTextTest, WrittenDatesFollowTheFormat) {
   const Time time(7, 3, 2024, 4, 5, 6, 789);  // 26/8/1445, a Thursday
   const struct {
     int format;
-    const wchar_t *plain, *named, *hijri;
+    const wchar_t *plain, *named, *month, *hijri;
   } rows[] = {
-      {0, L"7-3-2024", L"7 March 2024", L"26 Shaban 1445"},
-      {1, L"07-03-2024", L"7 March 2024", L"26 Shaban 1445"},
-      {2, L"2024-3-7", L"2024 March 7", L"1445 Shaban 26"},
-      {3, L"2024-03-07", L"2024 March 7", L"1445 Shaban 26"},
-      {4, L"", L"2024 March 7", L"1445 Shaban 26"},
-      {-1, L"", L"2024 March 7", L"1445 Shaban 26"},
+      {0, L"7-3-2024", L"7 March 2024", L"March 2024", L"26 Shaban 1445"},
+      {1, L"07-03-2024", L"7 March 2024", L"March 2024", L"26 Shaban 1445"},
+      {2, L"2024-3-7", L"2024 March 7", L"2024 March", L"1445 Shaban 26"},
+      {3, L"2024-03-07", L"2024 March 7", L"2024 March", L"1445 Shaban 26"},
+      {4, L"", L"2024 March 7", L"2024 March", L"1445 Shaban 26"},
+      {-1, L"", L"2024 March 7", L"2024 March", L"1445 Shaban 26"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.format);
@@ -333,6 +338,7 @@ TEST_F(DateTextTest, WrittenDatesFollowTheFormat) {
     EXPECT_EQ(DateTimeToStr2(time), CString(row.plain) + L" - 04:05:06");
     EXPECT_EQ(DateToAsc(date, 1), row.named);
     EXPECT_EQ(DateToAsc(date, 2), CString(L"Thr ") + row.named);
+    EXPECT_EQ(DateToAsc(date, 3), row.month);
     EXPECT_EQ(DateToAscH(date, 1), row.hijri);
     EXPECT_EQ(SQLdToStr(date), L"'2024-03-07'");
     EXPECT_EQ(SQLdToStr2(date), L"2024-03-07");
