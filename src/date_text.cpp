@@ -43,8 +43,8 @@ class Scanner {
  public:
   explicit Scanner(wchar_t separator) : m_Separator(separator ? separator : L'-') {}
 
-  // Stores what `text` gives, from numbers[0] on, and where each begins, and returns how many that were. `stop` is
-  // the first character that was not read, trailing white space apart.
+  // Stores what `text` gives, from numbers[0] on, and where each begins, and returns how many that were.
+  // `stop` is the first character that was not read, trailing white space apart.
   int Scan(const wchar_t* text, unsigned short (&numbers)[kNumbers], const wchar_t* (&starts)[kNumbers],
            const wchar_t*& stop) const {
     for (int count = 0;; ++text) {

@@ -62,8 +62,8 @@ constexpr CivilDay CivilFromDayNumber(int number) {
 
 static_assert(DayNumber(1890, 1, 1) == 1 && DayNumber(0, 3, 1) == -kDayZero);
 
-// For a count of days: one beyond 32 bits leads beyond every year as well as the largest that they hold. Room is
-// left to take one day off.
+// For a count of days: one beyond 32 bits leads beyond every year as well as the largest that they hold. Room
+// is left to take one day off.
 constexpr int SaturatedCount(long long count) {
   constexpr int kMost = std::numeric_limits<int>::max();
   return static_cast<int>(std::clamp<long long>(count, -kMost, kMost));
