@@ -18,6 +18,8 @@ namespace {
 
 using namespace Qel::Sys::DateTime;
 
+constexpr int kLastYear = 65535;  // that a date can hold
+
 int Refuse(const std::string& input, const Refusal& refusal, const Options& options) {
   if (options.json)
     Print(AsJson(input, refusal).Line());
@@ -71,7 +73,7 @@ std::optional<Date> Add(const Date& day, Addition add, int count) {
 }
 
 std::string OutsideText() {
-  if (!UseHijriDate()) return Say(Text::OutsideCalendar, {InUserDigits(BASEDATE)});
+  if (!UseHijriDate()) return Say(Text::OutsideCalendar, {InUserDigits(BASEDATE), InUserDigits(kLastYear)});
   return Say(Text::OutsideTable,
              {GregorianName(THCalendar::FirstDay()), GregorianName(THCalendar::LastDay())});
 }

@@ -9,6 +9,8 @@ namespace Cli {
 
 namespace {
 
+constexpr std::string_view kSignature = "\uFEFF";  // with which some editors begin a UTF-8 file
+
 // With `where` before a complaint. False when the text was refused.
 bool ShowDate(const std::string& text, const Options& options, const std::string& where) {
   const TypedDate typed = ReadTypedDate(text);
@@ -31,8 +33,10 @@ bool ShowDate(const std::string& text, const Options& options, const std::string
 bool ShowDatesOfInput(const Options& options) {
   bool accepted = true;
   std::string line;
-  for (int number = 1; ReadInputLine(line); ++number)
+  for (int number = 1; ReadInputLine(line); ++number) {
+    if (number == 1 && line.starts_with(kSignature)) line.erase(0, kSignature.size());
     accepted = ShowDate(line, options, Say(Text::InLine, {InUserDigits(number)})) && accepted;
+  }
   return accepted;
 }
 

@@ -205,7 +205,8 @@ JsonObject ReadingAsJson(const TypedDate& typed) {
   object.Add("fields", reading.fields).Add("calendar", reading.hijri ? "hijri" : "gregorian");
   object.Add("order", last.order == Format::DF_DDMMYYYY ? "dmy" : "ymd");
   object.Add("day", last.day).Add("month", last.month).Add("year", last.year);
-  return object.Add("year_completed", last.yearCompleted).Add("stopped", reading.stopped + 1);
+  object.Add("year_completed", last.yearCompleted);
+  return reading.stopped < 0 ? object.Add("stopped", nullptr) : object.Add("stopped", reading.stopped + 1);
 }
 
 }  // namespace Cli
