@@ -7,6 +7,7 @@
 #   < line     given to its input          ! line     expected on the message stream
 #   # line     a remark                    ? number   the expected exit code (0 when there is none)
 #   ~ regex    expected on the output, alone, in place of literal lines
+#   @ name=... a variable of its surroundings
 #   any other  expected on the output
 # In Markdown only blocks fenced as "console" count, and the two streams stand there as a terminal mixes them: the
 # output, then the messages. Exit codes are not shown there and not tested.
@@ -30,6 +31,7 @@ endfunction()
 macro(start_case)
   set(in_case TRUE)
   set(case_input "")
+  set(case_surroundings "")
   set(case_output "")
   set(case_messages "")
   set(case_exit 0)
@@ -50,7 +52,7 @@ endmacro()
 macro(run_case)
   separate_arguments(arguments UNIX_COMMAND "${case_command}")
   file(WRITE "${WORK}/input" "${case_input}")
-  execute_process(COMMAND ${EMULATOR} ${QEL} ${arguments} INPUT_FILE "${WORK}/input"
+  execute_process(COMMAND ${CMAKE_COMMAND} -E env ${case_surroundings} ${EMULATOR} ${QEL} ${arguments} INPUT_FILE "${WORK}/input"
     OUTPUT_FILE "${WORK}/output" ERROR_FILE "${WORK}/messages" RESULT_VARIABLE exit)
   file(READ "${WORK}/output" output)
   file(READ "${WORK}/messages" messages)
@@ -106,6 +108,8 @@ while(NOT text STREQUAL "")
     string(APPEND case_input "${value}\n")
   elseif(mark STREQUAL "! ")
     string(APPEND case_messages "${value}\n")
+  elseif(mark STREQUAL "@ ")
+    list(APPEND case_surroundings "${value}")
   elseif(mark STREQUAL "? ")
     set(case_exit "${value}")
   elseif(mark STREQUAL "~ ")
