@@ -37,7 +37,7 @@ struct Arguments {
 
 enum class Length { kNone, kChar, kShort, kLong, kLongLong, kSize, kLongDouble, kWide };
 
-struct Spec {
+struct Directive {
   bool left = false, plus = false, blank = false, zero = false, alternate = false;
   int width = 0;
   int precision = -1;  // none given
@@ -67,12 +67,12 @@ class Output {
 
   // `prefix` (sign, 0x) and `body` in the width asked for; zeros that fill it stand between the two.
   // Kept: the flag 0 fills text with zeros too, because the formats of the hosts were written for that.
-  bool Pad(const Spec& spec, std::wstring_view prefix, std::wstring_view body) {
+  bool Pad(const Directive& directive, std::wstring_view prefix, std::wstring_view body) {
     const std::size_t used = prefix.size() + body.size();
-    const auto width = static_cast<std::size_t>(spec.width);
-    const std::wstring fill(width > used ? width - used : 0, spec.zero && !spec.left ? L'0' : L' ');
-    if (spec.left) return Append(prefix) && Append(body) && Append(fill);
-    if (spec.zero) return Append(prefix) && Append(fill) && Append(body);
+    const auto width = static_cast<std::size_t>(directive.width);
+    const std::wstring fill(width > used ? width - used : 0, directive.zero && !directive.left ? L'0' : L' ');
+    if (directive.left) return Append(prefix) && Append(body) && Append(fill);
+    if (directive.zero) return Append(prefix) && Append(fill) && Append(body);
     return Append(fill) && Append(prefix) && Append(body);
   }
 
@@ -87,17 +87,17 @@ class SpecReader {
  public:
   SpecReader(std::wstring_view& rest, Arguments& arguments) : m_Rest(rest), m_Arguments(arguments) {}
 
-  Spec Read() {
+  Directive Read() {
     while (ReadFlag()) {
     }
     ReadWidth();
     if (Skip(L".")) ReadPrecision();
     ReadLength();
     if (!m_Rest.empty()) {
-      m_Spec.conversion = m_Rest.front();
+      m_Directive.conversion = m_Rest.front();
       m_Rest.remove_prefix(1);
     }
-    return m_Spec;
+    return m_Directive;
   }
 
  private:
@@ -108,11 +108,11 @@ class SpecReader {
   }
 
   bool ReadFlag() {
-    if (Skip(L"-")) return m_Spec.left = true;
-    if (Skip(L"+")) return m_Spec.plus = true;
-    if (Skip(L" ")) return m_Spec.blank = true;
-    if (Skip(L"0")) return m_Spec.zero = true;
-    if (Skip(L"#")) return m_Spec.alternate = true;
+    if (Skip(L"-")) return m_Directive.left = true;
+    if (Skip(L"+")) return m_Directive.plus = true;
+    if (Skip(L" ")) return m_Directive.blank = true;
+    if (Skip(L"0")) return m_Directive.zero = true;
+    if (Skip(L"#")) return m_Directive.alternate = true;
     return false;
   }
 
@@ -127,12 +127,12 @@ class SpecReader {
   }
 
   void ReadWidth() {
-    m_Spec.width = ReadNumber();
-    if (m_Spec.width < 0) m_Spec.left = true;
-    m_Spec.width = std::abs(m_Spec.width);
+    m_Directive.width = ReadNumber();
+    if (m_Directive.width < 0) m_Directive.left = true;
+    m_Directive.width = std::abs(m_Directive.width);
   }
 
-  void ReadPrecision() { m_Spec.precision = std::max(ReadNumber(), -1); }
+  void ReadPrecision() { m_Directive.precision = std::max(ReadNumber(), -1); }
 
   void ReadLength() {
     static constexpr struct {
@@ -146,14 +146,14 @@ class SpecReader {
     };
     for (const auto& known : kLengths) {
       if (!Skip(known.text)) continue;
-      m_Spec.length = known.length;
+      m_Directive.length = known.length;
       return;
     }
   }
 
   std::wstring_view& m_Rest;
   Arguments& m_Arguments;
-  Spec m_Spec;
+  Directive m_Directive;
 };
 
 // Integers: the bits of an argument and how many of them count.
@@ -192,16 +192,16 @@ std::wstring Widened(std::string_view ascii) {
 }
 
 // A number made of ASCII, in capitals when the conversion is one.
-bool PutNumber(Output& output, const Spec& spec, std::string_view prefix, std::string_view body) {
+bool PutNumber(Output& output, const Directive& directive, std::string_view prefix, std::string_view body) {
   std::wstring number = Widened(prefix) + Widened(body);
-  if (IsUpper(spec.conversion)) std::transform(number.begin(), number.end(), number.begin(), ToUpper);
+  if (IsUpper(directive.conversion)) std::transform(number.begin(), number.end(), number.begin(), ToUpper);
   const std::wstring_view whole = number;
-  return output.Pad(spec, whole.substr(0, prefix.size()), whole.substr(prefix.size()));
+  return output.Pad(directive, whole.substr(0, prefix.size()), whole.substr(prefix.size()));
 }
 
-std::string SignOf(const Spec& spec, bool negative) {
+std::string SignOf(const Directive& directive, bool negative) {
   if (negative) return "-";
-  return spec.plus ? "+" : spec.blank ? " " : "";
+  return directive.plus ? "+" : directive.blank ? " " : "";
 }
 
 std::string Digits(std::uint64_t value, int base) {
@@ -210,35 +210,35 @@ std::string Digits(std::uint64_t value, int base) {
 }
 
 // A precision says how many digits there are, and makes the flag 0 void.
-bool PutInteger(Output& output, Spec spec, std::string_view prefix, std::uint64_t value, int base) {
-  std::string digits = value == 0 && spec.precision == 0 ? "" : Digits(value, base);
-  if (base == 8 && spec.alternate && !digits.starts_with('0')) digits.insert(0, 1, '0');
-  if (spec.precision >= 0) spec.zero = false;
-  const auto wanted = static_cast<std::size_t>(std::max(spec.precision, 0));
+bool PutInteger(Output& output, Directive directive, std::string_view prefix, std::uint64_t value, int base) {
+  std::string digits = value == 0 && directive.precision == 0 ? "" : Digits(value, base);
+  if (base == 8 && directive.alternate && !digits.starts_with('0')) digits.insert(0, 1, '0');
+  if (directive.precision >= 0) directive.zero = false;
+  const auto wanted = static_cast<std::size_t>(std::max(directive.precision, 0));
   if (digits.size() < wanted) digits.insert(0, wanted - digits.size(), '0');
-  return PutNumber(output, spec, prefix, digits);
+  return PutNumber(output, directive, prefix, digits);
 }
 
-bool PutSigned(Output& output, const Spec& spec, Arguments& arguments) {
-  const std::int64_t value = TakeBits(spec.length, arguments).Signed();
+bool PutSigned(Output& output, const Directive& directive, Arguments& arguments) {
+  const std::int64_t value = TakeBits(directive.length, arguments).Signed();
   const auto bits = static_cast<std::uint64_t>(value);
-  return PutInteger(output, spec, SignOf(spec, value < 0), value < 0 ? 0 - bits : bits, 10);
+  return PutInteger(output, directive, SignOf(directive, value < 0), value < 0 ? 0 - bits : bits, 10);
 }
 
-bool PutUnsigned(Output& output, const Spec& spec, Arguments& arguments) {
-  const std::uint64_t value = TakeBits(spec.length, arguments).Unsigned();
-  if (spec.conversion == L'u') return PutInteger(output, spec, "", value, 10);
-  if (spec.conversion == L'o') return PutInteger(output, spec, "", value, 8);
-  return PutInteger(output, spec, spec.alternate && value != 0 ? "0x" : "", value, 16);
+bool PutUnsigned(Output& output, const Directive& directive, Arguments& arguments) {
+  const std::uint64_t value = TakeBits(directive.length, arguments).Unsigned();
+  if (directive.conversion == L'u') return PutInteger(output, directive, "", value, 10);
+  if (directive.conversion == L'o') return PutInteger(output, directive, "", value, 8);
+  return PutInteger(output, directive, directive.alternate && value != 0 ? "0x" : "", value, 16);
 }
 
 // All digits of an address, in capitals.
-bool PutPointer(Output& output, const Spec& asked, Arguments& arguments) {
-  Spec spec = asked;
+bool PutPointer(Output& output, const Directive& asked, Arguments& arguments) {
+  Directive directive = asked;
   const auto value = reinterpret_cast<std::uintptr_t>(arguments.Take<void*>());
-  spec.conversion = L'X';
-  spec.precision = static_cast<int>(2 * sizeof(void*));
-  return PutInteger(output, spec, spec.alternate ? "0x" : "", value, 16);
+  directive.conversion = L'X';
+  directive.precision = static_cast<int>(2 * sizeof(void*));
+  return PutInteger(output, directive, directive.alternate ? "0x" : "", value, 16);
 }
 
 // Floating numbers, without their sign.
@@ -309,18 +309,18 @@ std::string HexText(double value, int digits) {
 }
 
 // Empty when the precision alone is more than a result can hold.
-std::string FiniteText(double value, const Spec& spec) {
-  const wchar_t form = ToLower(spec.conversion);
-  int digits = spec.precision;
+std::string FiniteText(double value, const Directive& directive) {
+  const wchar_t form = ToLower(directive.conversion);
+  int digits = directive.precision;
   if (digits < 0) digits = form == L'a' ? kHexFractionDigits : kDefaultFloatDigits;
-  const bool dropsZeros = form == L'g' && !spec.alternate;  // so it can be shorter than its precision
+  const bool dropsZeros = form == L'g' && !directive.alternate;  // so it can be shorter than its precision
   if (digits >= kTooMuch && !dropsZeros) return {};
   std::string text;
   if (form == L'a') text = HexText(value, digits);
   if (form == L'e') text = Rendered(value, std::chars_format::scientific, digits);
   if (form == L'f') text = Rendered(value, std::chars_format::fixed, digits);
   if (form == L'g') text = GeneralText(value, digits, !dropsZeros);
-  if (spec.alternate) AddPoint(text);
+  if (directive.alternate) AddPoint(text);
   return text;
 }
 
@@ -335,69 +335,71 @@ double TakeDouble(Length length, Arguments& arguments) {
                                        : arguments.Take<double>();
 }
 
-bool PutFloat(Output& output, const Spec& asked, Arguments& arguments) {
-  Spec spec = asked;
-  const double value = TakeDouble(spec.length, arguments);
+bool PutFloat(Output& output, const Directive& asked, Arguments& arguments) {
+  Directive directive = asked;
+  const double value = TakeDouble(directive.length, arguments);
   const bool finite = std::isfinite(value);
-  const std::string text = finite ? FiniteText(std::abs(value), spec) : SpecialText(value);
+  const std::string text = finite ? FiniteText(std::abs(value), directive) : SpecialText(value);
   if (text.empty()) return false;
-  std::string prefix = SignOf(spec, std::signbit(value));
-  if (finite && ToLower(spec.conversion) == L'a') prefix += "0x";
-  if (!finite) spec.zero = false;
-  return PutNumber(output, spec, prefix, text);
+  std::string prefix = SignOf(directive, std::signbit(value));
+  if (finite && ToLower(directive.conversion) == L'a') prefix += "0x";
+  if (!finite) directive.zero = false;
+  return PutNumber(output, directive, prefix, text);
 }
 
 // Text.
 
-bool IsNarrow(const Spec& spec) {
-  if (spec.length == Length::kLong || spec.length == Length::kWide) return false;
-  return spec.length == Length::kShort || IsUpper(spec.conversion);
+bool IsNarrow(const Directive& directive) {
+  if (directive.length == Length::kLong || directive.length == Length::kWide) return false;
+  return directive.length == Length::kShort || IsUpper(directive.conversion);
 }
 
-bool PutCharacter(Output& output, const Spec& spec, Arguments& arguments) {
+bool PutCharacter(Output& output, const Directive& directive, Arguments& arguments) {
   const auto bits = static_cast<unsigned>(arguments.Take<int>());
   const char narrow = static_cast<char>(bits);
   // One UTF-16 unit, whatever the width of wchar_t.
   const wchar_t wide = static_cast<wchar_t>(bits & 0xFFFF);
-  return output.Pad(spec, L"",
-                    IsNarrow(spec) ? Decode(kArabicCodePage, {&narrow, 1}) : std::wstring(1, wide));
+  return output.Pad(directive, L"",
+                    IsNarrow(directive) ? Decode(kArabicCodePage, {&narrow, 1}) : std::wstring(1, wide));
 }
 
 // Up to the terminator, which need not be there when the precision ends the text before it.
 template <class Char>
-std::basic_string_view<Char> Bounded(const Char* text, const Spec& spec) {
-  const std::size_t limit = spec.precision < 0 ? kMaxLength + 1 : static_cast<std::size_t>(spec.precision);
+std::basic_string_view<Char> Bounded(const Char* text, const Directive& directive) {
+  const std::size_t limit =
+      directive.precision < 0 ? kMaxLength + 1 : static_cast<std::size_t>(directive.precision);
   std::size_t length = 0;
   while (length < limit && text[length] != Char{}) ++length;
   return {text, length};
 }
 
-bool PutText(Output& output, const Spec& spec, Arguments& arguments) {
-  if (IsNarrow(spec)) {
+bool PutText(Output& output, const Directive& directive, Arguments& arguments) {
+  if (IsNarrow(directive)) {
     const char* const narrow = arguments.Take<const char*>();
-    return output.Pad(spec, L"", Decode(kArabicCodePage, Bounded(narrow ? narrow : "(null)", spec)));
+    return output.Pad(directive, L"",
+                      Decode(kArabicCodePage, Bounded(narrow ? narrow : "(null)", directive)));
   }
   const wchar_t* const wide = arguments.Take<const wchar_t*>();
-  return output.Pad(spec, L"", Bounded(wide ? wide : L"(null)", spec));
+  return output.Pad(directive, L"", Bounded(wide ? wide : L"(null)", directive));
 }
 
-bool PutPercent(Output& output, const Spec&, Arguments&) {
+bool PutPercent(Output& output, const Directive&, Arguments&) {
   return output.Append(L"%");
 }
 
 constexpr struct {
   std::wstring_view letters;
-  bool (*put)(Output&, const Spec&, Arguments&);
+  bool (*put)(Output&, const Directive&, Arguments&);
 } kConversions[] = {
     {L"di", PutSigned}, {L"uoxX", PutUnsigned}, {L"p", PutPointer}, {L"eEfFgGaA", PutFloat},
     {L"sS", PutText},   {L"cC", PutCharacter},  {L"%", PutPercent},
 };
 
 // False when the conversion is not known or the result gets too long.
-bool Put(Output& output, const Spec& spec, Arguments& arguments) {
+bool Put(Output& output, const Directive& directive, Arguments& arguments) {
   for (const auto& known : kConversions) {
-    if (known.letters.find(spec.conversion) != std::wstring_view::npos)
-      return known.put(output, spec, arguments);
+    if (known.letters.find(directive.conversion) != std::wstring_view::npos)
+      return known.put(output, directive, arguments);
   }
   return false;
 }
