@@ -1,7 +1,7 @@
 # Sourced by the scripts beside it (bash): which Debian packages each job takes, and how it is run and shown.
 # shellcheck shell=bash disable=SC2034  # the lists are used by the scripts that source this
 
-build_packages=(cmake ninja-build g++ libboost-dev libboost-stacktrace-dev libicu-dev libcli11-dev)
+build_packages=(cmake ninja-build g++ libboost-dev libboost-stacktrace-dev libicu-dev libsqlite3-dev libcli11-dev)
 test_packages=(libgtest-dev libgmock-dev locales)
 windows_packages=(g++-mingw-w64-x86-64-posix googletest wine wine64)
 check_packages=(clang clang-format clang-tidy cppcheck libclang-rt-14-dev googletest shellcheck)

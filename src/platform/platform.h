@@ -5,6 +5,8 @@
 #ifndef QEL_PLATFORM_PLATFORM_H
 #define QEL_PLATFORM_PLATFORM_H
 
+#include <cstddef>
+
 #include "platform_types.h"
 
 // The library's own code page: Arabic, one byte a character.
@@ -17,6 +19,24 @@ HINSTANCE LibraryModule();
 // Gives `module` the text with this number in this language, in place of an earlier one. False where modules
 // carry their resources themselves, which is on Windows.
 bool RegisterString(HINSTANCE module, LANGID language, WORD id, const wchar_t* text);
+
+// UTF-16LE bytes, as values of the registry and wide files hold them, to units and back. An odd last byte is left
+// out; `out` may be the place of `data`. Result: units written, at most `max`.
+std::size_t UnitsFromBytes(wchar_t* out, std::size_t max, const BYTE* data, DWORD bytes);
+// Writes the first `bytes` bytes of the text's form, at most two a unit. Result: bytes written.
+DWORD BytesFromUnits(BYTE* out, DWORD bytes, const wchar_t* text, std::size_t units);
+
+// RegCreateKeyExW (`create`) or RegOpenKeyExW, then the counts of RegQueryInfoKeyW; in one step where the registry
+// is ours. Counts are 0 where they may not be asked for. On failure *result is null and the counts are 0.
+LONG OpenKeyAndCount(HKEY key, const wchar_t* name, REGSAM access, bool create, HKEY* result, DWORD* subKeys,
+                     DWORD* values);
+// All changes of the tree that `key` is of, by this thread, until EndKeyChanges: made as one or not at all where
+// the registry is ours, each for itself on Windows. 0, or why nothing can be written.
+LONG BeginKeyChanges(HKEY key);
+LONG EndKeyChanges(HKEY key, bool keep);
+// Waits until something below `key` changes, by whom ever: 0; 258 when nothing did in `milliseconds`
+// (0xFFFFFFFF: no limit). A change since the last call on the same handle counts too.
+LONG WaitForKeyChange(HKEY key, DWORD milliseconds);
 
 #ifdef _WIN32
 
@@ -103,6 +123,50 @@ DWORD SizeofResource(HINSTANCE module, HRSRC resource);
 // null.
 HGLOBAL LoadResource(HINSTANCE module, HRSRC resource);
 void* LockResource(HGLOBAL data);
+
+// Registry. Result: 0 or the code of Windows:
+//   2 no such key or value       5 no right to it, or sub-keys below    6 null, closed or foreign handle
+//   87 bad argument              112 disk full                          161 a name that starts with "\"
+//   170 locked by others for 5 s 234 room too small, the need handed back  259 no more items
+//   998 null data with a size    1016 the store cannot be read or written   1018 the key has been deleted
+// Key names are separated by "\", one at the end and doubled ones do not count, each at most 255 units; names of
+// values at most 16,383. Names compare without case, unit by unit, and keep the case they were first written in.
+// Null and empty names stand for the key itself and for its default value. Sizes are bytes of UTF-16LE text, also
+// where the buffer is typed as units; sizes of names are units. What an output parameter gets on failure stands
+// in tests/data/registry.tsv.
+LONG RegCreateKeyExW(HKEY key, const wchar_t* name, DWORD reserved, wchar_t* keyClass, DWORD options,
+                     REGSAM access, const void* security, HKEY* result, DWORD* disposition);
+LONG RegOpenKeyExW(HKEY key, const wchar_t* name, DWORD options, REGSAM access, HKEY* result);
+LONG RegCloseKey(HKEY key);
+// Refuses (5) a key with sub-keys.
+LONG RegDeleteKeyW(HKEY key, const wchar_t* name);
+LONG RegDeleteValueW(HKEY key, const wchar_t* name);
+// Sub-keys come in the order of their upper-case names, values in that of their creation.
+LONG RegEnumKeyW(HKEY key, DWORD index, wchar_t* name, DWORD size);
+LONG RegEnumValueW(HKEY key, DWORD index, wchar_t* name, DWORD* nameSize, DWORD* reserved, DWORD* type,
+                   BYTE* data, DWORD* dataSize);
+// Any output may be null. `lastWrite` is always null.
+LONG RegQueryInfoKeyW(HKEY key, wchar_t* keyClass, DWORD* classSize, DWORD* reserved, DWORD* subKeys,
+                      DWORD* maxSubKey, DWORD* maxClass, DWORD* values, DWORD* maxValueName,
+                      DWORD* maxValueData, DWORD* security, void* lastWrite);
+// Text is given a 16-bit NUL behind its end where two more bytes fit; *size does not count it.
+LONG RegQueryValueExW(HKEY key, const wchar_t* name, DWORD* reserved, DWORD* type, BYTE* data, DWORD* size);
+// Text whose terminator follows directly behind `size` is stored with it.
+LONG RegSetValueExW(HKEY key, const wchar_t* name, DWORD reserved, DWORD type, const BYTE* data, DWORD size);
+// The default value as text: the first writes REG_SZ alone (87) and up to the terminator, whatever `size`; for the
+// second no value is the empty text. *size is bytes.
+LONG RegSetValueW(HKEY key, const wchar_t* name, DWORD type, const wchar_t* data, DWORD size);
+LONG RegQueryValueW(HKEY key, const wchar_t* name, wchar_t* value, LONG* size);
+// Returns when all that was written is on the disk.
+LONG RegFlushKey(HKEY key);
+// Hives in files and security descriptors do not exist here: 120 on every valid handle.
+LONG RegGetKeySecurity(HKEY key, DWORD information, void* descriptor, DWORD* size);
+LONG RegSetKeySecurity(HKEY key, DWORD information, void* descriptor);
+LONG RegLoadKeyW(HKEY key, const wchar_t* name, const wchar_t* file);
+LONG RegUnLoadKeyW(HKEY key, const wchar_t* name);
+LONG RegReplaceKeyW(HKEY key, const wchar_t* name, const wchar_t* newFile, const wchar_t* oldFile);
+LONG RegRestoreKeyW(HKEY key, const wchar_t* file, DWORD flags);
+LONG RegSaveKeyW(HKEY key, const wchar_t* file, const void* security);
 
 #endif
 

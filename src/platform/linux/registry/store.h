@@ -1,0 +1,72 @@
+// One store file: found, made, opened in the best way that its surroundings allow, put aside when damaged, and
+// kept durable. What its rows mean is the business of hive.h.
+//
+// Not locked: whoever uses a store holds StoreLock() from Open() or BeginWrite() until it is done.
+#ifndef QEL_PLATFORM_LINUX_REGISTRY_STORE_H
+#define QEL_PLATFORM_LINUX_REGISTRY_STORE_H
+
+#include <sqlite3.h>
+
+#include <array>
+#include <cstdint>
+#include <mutex>
+
+#include "platform/platform.h"
+
+// The two files: the current user's tree, and the trees that all users of the machine share.
+enum class StorePlace { User, Machine };
+
+// What a store held at one moment. Equal states: nobody changed anything in between.
+struct StoreState {
+  std::array<std::uint64_t, 6> words{};
+  bool operator==(const StoreState&) const = default;
+};
+
+class Store {
+ public:
+  // The process's store of that place; nothing is opened yet.
+  static Store& Of(StorePlace place);
+
+  Store(const Store&) = delete;
+  Store& operator=(const Store&) = delete;
+
+  // Makes the content readable, reopening what a fork, a failure or a move of the file has closed. 0, or 1016 when
+  // no way is left. A missing file reads as an empty store and stays missing; so the connection may be one to a
+  // copy in memory.
+  LONG Open();
+  // What Open() made ready. Its statements are finalized when it is closed.
+  sqlite3* Connection() const noexcept { return m_Connection; }
+  // Another number: the connection is another one, and statements and copies made with the last are gone.
+  std::uint64_t Generation() const noexcept { return m_Generation; }
+  // The state of the content. Asked for before a transaction that reads; costs no read of the file where the WAL
+  // index is mapped.
+  StoreState State();
+
+  // Starts a short transaction that writes, making a missing store. 0, 5 no right to write or a store of a newer
+  // version, 112 disk full, 170 locked by others for 5 seconds, 1016. May change the generation.
+  LONG BeginWrite();
+  // 0 when all is kept and durable as this store promises, or the codes above when nothing is.
+  LONG Commit();
+  void Rollback();
+  // Whether what was seen in state `seen` still held when BeginWrite() got its lock, so that the own change is the
+  // only one since. For the time between BeginWrite() and Commit().
+  bool StillAt(const StoreState& seen) const;
+
+  // Returns when all that was written is in the store's file itself and on the disk.
+  LONG Flush();
+
+  // The code for what SQLite answered.
+  static LONG StatusOf(int sqlite) noexcept;
+
+ private:
+  explicit Store(StorePlace place) : m_Place(place) {}
+
+  StorePlace m_Place;
+  sqlite3* m_Connection = nullptr;
+  std::uint64_t m_Generation = 0;
+};
+
+// Guards all stores and what is kept in memory of them. Taken again by the same thread within BeginKeyChanges.
+std::recursive_mutex& StoreLock();
+
+#endif  // QEL_PLATFORM_LINUX_REGISTRY_STORE_H
