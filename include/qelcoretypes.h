@@ -6,6 +6,7 @@
 #include "atof2.h"
 #include "calendar.h"
 #include "cobject.h"
+#include "color.h"
 #include "date.h"
 #include "date_text.h"
 #include "digits.h"

@@ -124,6 +124,9 @@ DWORD SizeofResource(HINSTANCE module, HRSRC resource);
 HGLOBAL LoadResource(HINSTANCE module, HRSRC resource);
 void* LockResource(HGLOBAL data);
 
+// The system's colours by index, 0 to 24; here those of the default theme. Red is in the lowest byte.
+DWORD GetSysColor(int index);
+
 // Registry. Result: 0 or the code of Windows:
 //   2 no such key or value       5 no right to it, or sub-keys below    6 null, closed or foreign handle
 //   87 bad argument              112 disk full                          161 a name that starts with "\"
