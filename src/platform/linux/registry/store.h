@@ -7,20 +7,15 @@
 
 #include <sqlite3.h>
 
-#include <array>
 #include <cstdint>
 #include <mutex>
+#include <string>
 
 #include "platform/platform.h"
-
-// The two files: the current user's tree, and the trees that all users of the machine share.
-enum class StorePlace { User, Machine };
-
-// What a store held at one moment. Equal states: nobody changed anything in between.
-struct StoreState {
-  std::array<std::uint64_t, 6> words{};
-  bool operator==(const StoreState&) const = default;
-};
+#include "store_open.h"
+#include "store_place.h"
+#include "store_sqlite.h"
+#include "store_state.h"
 
 class Store {
  public:
@@ -35,7 +30,7 @@ class Store {
   // copy in memory.
   LONG Open();
   // What Open() made ready. Its statements are finalized when it is closed.
-  sqlite3* Connection() const noexcept { return m_Connection; }
+  sqlite3* Connection() const noexcept { return m_Opened.connection.get(); }
   // Another number: the connection is another one, and statements and copies made with the last are gone.
   std::uint64_t Generation() const noexcept { return m_Generation; }
   // The state of the content. Asked for before a transaction that reads; costs no read of the file where the WAL
@@ -50,20 +45,41 @@ class Store {
   void Rollback();
   // Whether what was seen in state `seen` still held when BeginWrite() got its lock, so that the own change is the
   // only one since. For the time between BeginWrite() and Commit().
-  bool StillAt(const StoreState& seen) const;
+  bool StillAt(const StoreState& seen) const { return seen == m_Begun; }
 
   // Returns when all that was written is in the store's file itself and on the disk.
   LONG Flush();
 
-  // The code for what SQLite answered.
+  // The code for what SQLite answered on this connection. Where that is damage, the next Open() sees to it.
+  LONG Failed(int sqlite);
+  // The same without remembering.
   static LONG StatusOf(int sqlite) noexcept;
+
+  // Lets go of the file; the next use looks for it afresh. An open transaction is undone.
+  void Close();
 
  private:
   explicit Store(StorePlace place) : m_Place(place) {}
 
+  bool MustReopen();
+  LONG OpenToWrite();
+  LONG Begin();
+  bool HasMoved() const;
+  void ChooseDurability();
+
   StorePlace m_Place;
-  sqlite3* m_Connection = nullptr;
+  std::string m_File;
+  OpenedStore m_Opened;
+  WalIndex m_Index;
+  Statement m_DataVersion, m_Begin, m_Commit;
   std::uint64_t m_Generation = 0;
+  std::uint64_t m_OwnChanges = 0;
+  StoreState m_Begun;  // inside a transaction that writes: the state it started from
+  bool m_Writing = false;
+  bool m_Synced = false;          // commits of this connection wait for the disk
+  bool m_Damaged = false;         // SQLite said so
+  std::int64_t m_NextLook = 0;    // when to see whether the file is still in its place
+  std::int64_t m_LastSynced = 0;  // when a commit last waited for the disk
 };
 
 // Guards all stores and what is kept in memory of them. Taken again by the same thread within BeginKeyChanges.

@@ -1,0 +1,186 @@
+#include "store.h"
+
+#include <pthread.h>
+#include <time.h>
+
+#include <limits>
+#include <new>
+
+#include "store_create.h"
+#include "store_status.h"
+
+namespace {
+
+constexpr std::int64_t kMillisecond = 1'000'000;
+constexpr std::int64_t kSecond = 1000 * kMillisecond;
+constexpr std::int64_t kTimeBetweenLooks = 100 * kMillisecond;
+constexpr int kAttempts = 5;
+
+// Exact to some milliseconds, and so cheap that every read can ask.
+std::int64_t CoarseTime() {
+  timespec now{};
+  clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+  return std::int64_t{now.tv_sec} * kSecond + now.tv_nsec;
+}
+
+}  // namespace
+
+std::recursive_mutex& StoreLock() {
+  static std::recursive_mutex s_Lock;
+  return s_Lock;
+}
+
+Store& Store::Of(StorePlace place) {
+  // Never destroyed: a host may still save its settings while the process ends.
+  static auto* const s_User = new Store(StorePlace::User);
+  static auto* const s_Machine = new Store(StorePlace::Machine);
+  return place == StorePlace::User ? *s_User : *s_Machine;
+}
+
+LONG Store::StatusOf(int sqlite) noexcept {
+  if (sqlite == SQLITE_IOERR_SHMSIZE) return kDiskFull;
+  switch (sqlite & 0xFF) {
+    case SQLITE_OK:
+      return 0;
+    case SQLITE_FULL:
+      return kDiskFull;
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return kStoreBusy;
+    case SQLITE_PERM:
+    case SQLITE_AUTH:
+    case SQLITE_READONLY:
+      return kAccessDenied;
+    default:
+      return kStoreFailed;
+  }
+}
+
+LONG Store::Failed(int sqlite) {
+  if (IsDamage(sqlite)) m_Damaged = true;
+  return StatusOf(sqlite);
+}
+
+LONG Store::Open() {
+  if (Connection() && !MustReopen()) return 0;
+  Close();
+  m_File = StoreFile(m_Place);
+  if (m_File.empty()) return kStoreFailed;
+  m_Opened = OpenStore(m_File, m_Place);
+  if (!Connection()) return kStoreFailed;
+  ++m_Generation;
+  m_NextLook = CoarseTime() + kTimeBetweenLooks;
+  m_Synced = true;
+  m_LastSynced = std::numeric_limits<std::int64_t>::min() / 2;
+  if (m_Opened.hasIndex) m_Index.Attach(Connection());
+  return 0;
+}
+
+void Store::Close() {
+  m_Index.Detach();
+  m_DataVersion.reset();
+  m_Begin.reset();
+  m_Commit.reset();
+  m_Opened = OpenedStore();
+  m_Writing = false;
+  m_Damaged = false;
+}
+
+bool Store::MustReopen() {
+  if (m_Writing) return false;
+  if (m_Opened.access != StoreAccess::Shared) return MarkOf(m_File) != m_Opened.mark;
+  if (m_Damaged) return true;
+  const std::int64_t now = CoarseTime();
+  if (now < m_NextLook) return false;
+  m_NextLook = now + kTimeBetweenLooks;
+  return HasMoved();
+}
+
+bool Store::HasMoved() const {
+  int moved = 0;
+  sqlite3_file_control(Connection(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+  return moved != 0;
+}
+
+StoreState Store::State() {
+  StoreState state;
+  if (m_Index.Read(state)) return state;
+  if (!m_DataVersion) m_DataVersion = Prepare(Connection(), "PRAGMA data_version");
+  // Own changes do not count there. The last word is one that no index has.
+  state.words = {0, m_OwnChanges, 0, 0, 0, 1};
+  if (m_DataVersion && sqlite3_step(m_DataVersion.get()) == SQLITE_ROW)
+    state.words[2] = static_cast<std::uint64_t>(sqlite3_column_int64(m_DataVersion.get(), 0));
+  else
+    state.words[3] = ++m_OwnChanges;
+  sqlite3_reset(m_DataVersion.get());
+  return state;
+}
+
+LONG Store::BeginWrite() {
+  for (int i = 0; i < kAttempts; ++i) {
+    if (const LONG status = OpenToWrite()) return status;
+    if (const LONG status = Begin()) return status;
+    // A file that was put aside before the lock was had: what is written there would be lost.
+    if (!HasMoved()) {
+      m_Begun = State();
+      return 0;
+    }
+    Close();
+  }
+  return kStoreFailed;
+}
+
+LONG Store::OpenToWrite() {
+  if (const LONG status = Open()) return status;
+  if (m_Opened.access == StoreAccess::Missing) {
+    if (const LONG status = CreateStore(m_File, m_Place)) return status;
+    Close();
+    if (const LONG status = Open()) return status;
+  }
+  return m_Opened.whyNotWritten;
+}
+
+LONG Store::Begin() {
+  ChooseDurability();
+  if (!m_Begin) m_Begin = Prepare(Connection(), "BEGIN IMMEDIATE");
+  if (!m_Begin) return Failed(sqlite3_extended_errcode(Connection()));
+  const int code = RunOnce(m_Begin.get());
+  if (code != SQLITE_DONE) return Failed(code);
+  m_Writing = true;
+  return 0;
+}
+
+// A single change waits for the disk. In a burst one commit a second does, so that a power cut takes no more than the
+// last second.
+void Store::ChooseDurability() {
+  const bool synced = CoarseTime() - m_LastSynced > kSecond;
+  if (synced == m_Synced) return;
+  Execute(Connection(), synced ? "PRAGMA synchronous = FULL" : "PRAGMA synchronous = NORMAL");
+  m_Synced = synced;
+}
+
+LONG Store::Commit() {
+  // A fork in between has closed the connection.
+  if (!m_Writing) return kStoreFailed;
+  if (!m_Commit) m_Commit = Prepare(Connection(), "COMMIT");
+  const int code = m_Commit ? RunOnce(m_Commit.get()) : SQLITE_NOMEM;
+  if (code != SQLITE_DONE) {
+    Rollback();
+    return Failed(code);
+  }
+  m_Writing = false;
+  ++m_OwnChanges;
+  if (m_Synced) m_LastSynced = CoarseTime();
+  return 0;
+}
+
+void Store::Rollback() {
+  if (Connection() && !sqlite3_get_autocommit(Connection())) Execute(Connection(), "ROLLBACK");
+  m_Writing = false;
+}
+
+LONG Store::Flush() {
+  if (const LONG status = Open()) return status;
+  if (m_Opened.access != StoreAccess::Shared || m_Opened.whyNotWritten != 0) return 0;
+  return Failed(sqlite3_wal_checkpoint_v2(Connection(), "main", SQLITE_CHECKPOINT_FULL, nullptr, nullptr));
+}

@@ -1,0 +1,24 @@
+// A store that holds nothing yet.
+#ifndef QEL_PLATFORM_LINUX_REGISTRY_STORE_CREATE_H
+#define QEL_PLATFORM_LINUX_REGISTRY_STORE_CREATE_H
+
+#include <string>
+
+#include "store_place.h"
+#include "store_sqlite.h"
+
+// A store in memory, as which a missing one reads. Null when there is no memory.
+Database EmptyStore(StorePlace place);
+
+// Whether there is a file with something in it; an empty one is a store that is still to be made.
+bool StoreIsThere(const std::string& file);
+
+// Makes the store, and its folder, unless somebody else has. 0 or the registry's code.
+LONG CreateStore(const std::string& file, StorePlace place);
+
+// The same in two steps for whoever holds the store's lock and has rows to put in: a store that nobody sees, in
+// `store`, and putting it in its place once it is closed.
+LONG BuildHiddenStore(const std::string& file, StorePlace place, Database& store);
+LONG ShowHiddenStore(const std::string& file);
+
+#endif  // QEL_PLATFORM_LINUX_REGISTRY_STORE_CREATE_H

@@ -1,0 +1,100 @@
+#include "store_open.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "store.h"
+#include "store_create.h"
+#include "store_schema.h"
+#include "store_status.h"
+
+namespace {
+
+constexpr std::size_t kNumbersOfFile = 5;
+
+void MarkFile(const std::string& name, std::uint64_t* numbers) {
+  struct stat state {};
+  if (stat(name.c_str(), &state) != 0) return;
+  numbers[0] = state.st_dev;
+  numbers[1] = state.st_ino;
+  numbers[2] = static_cast<std::uint64_t>(state.st_size);
+  numbers[3] = static_cast<std::uint64_t>(state.st_mtim.tv_sec);
+  numbers[4] = static_cast<std::uint64_t>(state.st_mtim.tv_nsec);
+}
+
+// Whether the log is kept in a file of its own. A store that somebody has switched over is switched back.
+bool HasLog(sqlite3* database) {
+  const Statement mode = Prepare(database, "PRAGMA journal_mode");
+  if (!mode || sqlite3_step(mode.get()) != SQLITE_ROW) return false;
+  return std::strcmp(reinterpret_cast<const char*>(sqlite3_column_text(mode.get(), 0)), "wal") == 0;
+}
+
+bool TakeLog(sqlite3* database) {
+  if (HasLog(database)) return true;
+  Execute(database, "PRAGMA journal_mode = WAL");
+  return HasLog(database);
+}
+
+void KeepLogAtClose(sqlite3* database) {
+  int keep = 1;
+  sqlite3_file_control(database, "main", SQLITE_FCNTL_PERSIST_WAL, &keep);
+}
+
+OpenedStore OpenEmpty(const StoreMark& mark, StorePlace place) {
+  OpenedStore opened;
+  opened.connection = EmptyStore(place);
+  opened.code = opened.connection ? SQLITE_OK : SQLITE_NOMEM;
+  opened.access = StoreAccess::Missing;
+  opened.mark = mark;
+  return opened;
+}
+
+// The usual way. SQLite itself takes a file that may not be written for reading alone.
+OpenedStore OpenShared(const std::string& file, StorePlace place) {
+  OpenedStore opened;
+  std::int64_t version = 0;
+  opened.access = StoreAccess::Shared;
+  opened.code = OpenDatabase(file.c_str(), SQLITE_OPEN_READWRITE, opened.connection);
+  if (opened.code == SQLITE_OK) opened.code = CheckStore(opened.connection.get(), version);
+  if (opened.code != SQLITE_OK) {
+    opened.connection.reset();
+    return opened;
+  }
+  sqlite3* const database = opened.connection.get();
+  if (sqlite3_db_readonly(database, "main") == 1 || version > kUserVersion)
+    opened.whyNotWritten = kAccessDenied;
+  // Others may read the machine's settings only while the log and its index are there.
+  if (place == StorePlace::Machine) KeepLogAtClose(database);
+  opened.hasIndex = opened.whyNotWritten == 0 ? TakeLog(database) : HasLog(database);
+  return opened;
+}
+
+}  // namespace
+
+StoreMark MarkOf(const std::string& file) {
+  StoreMark mark;
+  MarkFile(file, mark.numbers.data());
+  MarkFile(file + "-wal", mark.numbers.data() + kNumbersOfFile);
+  return mark;
+}
+
+int CheckStore(sqlite3* database, std::int64_t& version) {
+  std::int64_t id = 0;
+  std::int64_t tables = 0;
+  int code = ReadNumber(database, "PRAGMA application_id", id);
+  if (code == SQLITE_OK) code = ReadNumber(database, "PRAGMA user_version", version);
+  if (code != SQLITE_OK) return code;
+  if (id != kApplicationId || version < 1) return SQLITE_NOTADB;
+  if (version > kUserVersion) return SQLITE_OK;
+  code = ReadNumber(database, "SELECT COUNT(*) FROM sqlite_schema WHERE name IN ('key', 'value', 'event')",
+                    tables);
+  return code == SQLITE_OK && tables != 3 ? SQLITE_CORRUPT : code;
+}
+
+OpenedStore OpenStore(const std::string& file, StorePlace place) {
+  const StoreMark mark = MarkOf(file);
+  if (!StoreIsThere(file)) return OpenEmpty(mark, place);
+  return OpenShared(file, place);
+}

@@ -1,0 +1,65 @@
+#include "store_place.h"
+
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+
+#include "store_status.h"
+
+namespace {
+
+// Not asked of the surroundings when the program has rights that its caller has not.
+std::string FolderFrom(const char* variable) {
+  const char* const folder = secure_getenv(variable);
+  return folder && *folder == '/' ? folder : "";
+}
+
+std::string HomeFolder() {
+  if (std::string home = FolderFrom("HOME"); !home.empty()) return home;
+  std::array<char, 4096> room;
+  passwd entry{};
+  passwd* found = nullptr;
+  getpwuid_r(geteuid(), &entry, room.data(), room.size(), &found);
+  return found && found->pw_dir && *found->pw_dir == '/' ? found->pw_dir : "";
+}
+
+std::string UserFolder() {
+  if (const std::string folder = FolderFrom("XDG_CONFIG_HOME"); !folder.empty())
+    return folder + "/qelcoretypes";
+  const std::string home = HomeFolder();
+  return home.empty() ? "" : home + "/.config/qelcoretypes";
+}
+
+std::string StoreFolder(StorePlace place) {
+  if (std::string folder = FolderFrom("QEL_REGISTRY_DIR"); !folder.empty()) return folder;
+  return place == StorePlace::User ? UserFolder() : "/etc/xdg/qelcoretypes";
+}
+
+}  // namespace
+
+std::string StoreFile(StorePlace place) {
+  const std::string folder = StoreFolder(place);
+  return folder.empty() ? "" : folder + (place == StorePlace::User ? "/user.db" : "/machine.db");
+}
+
+LONG MakeStoreFolder(const std::string& file, StorePlace place) {
+  const mode_t mode = place == StorePlace::User ? 0700 : 0755;
+  for (std::size_t end = file.find('/', 1); end != std::string::npos; end = file.find('/', end + 1)) {
+    const std::string folder = file.substr(0, end);
+    struct stat state {};
+    // Asked first: to make a folder that is there fails in other ways where nothing may be made.
+    if (stat(folder.c_str(), &state) != 0 && mkdir(folder.c_str(), mode) != 0 && errno != EEXIST)
+      return StatusOfError(errno);
+  }
+  return 0;
+}
+
+LONG StatusOfError(int error) {
+  if (error == EACCES || error == EPERM || error == EROFS) return kAccessDenied;
+  if (error == ENOSPC || error == EDQUOT) return kDiskFull;
+  return kStoreFailed;
+}
