@@ -6,6 +6,8 @@
 #define QEL_PLATFORM_PLATFORM_H
 
 #include <cstddef>
+#include <string>
+#include <vector>
 
 #include "platform_types.h"
 
@@ -37,6 +39,26 @@ LONG EndKeyChanges(HKEY key, bool keep);
 // Waits until something below `key` changes, by whom ever: 0; 258 when nothing did in `milliseconds`
 // (0xFFFFFFFF: no limit). A change since the last call on the same handle counts too.
 LONG WaitForKeyChange(HKEY key, DWORD milliseconds);
+
+// How the place stands where settings are kept, for those who look after the machine. To ask makes and repairs
+// nothing.
+struct StoreReport {
+  // Copy: its surroundings allow no more than to read a copy of it.
+  enum class Access { Missing, Shared, Copy, Unreadable };
+  struct Event {
+    std::wstring time;  // UTC, as 2026-11-23T01:37:51Z
+    std::wstring text;
+  };
+
+  std::wstring path;  // the file; on Windows the name of the registry's tree
+  Access access = Access::Missing;
+  LONG whyNotWritten = 0;     // 0 when it can be written, or made; else what writing answers
+  int version = 0;            // of its layout; 0 where there is none to be read, and on Windows
+  std::wstring integrity;     // "ok", or the first thing that a check of the whole finds wrong
+  std::vector<Event> events;  // what happened to it, oldest first
+};
+// The current user's settings, or those that all users of the machine share.
+StoreReport ReportOnStore(bool machine);
 
 #ifdef _WIN32
 

@@ -1,0 +1,77 @@
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <string_view>
+
+#include "store_create.h"
+#include "store_open.h"
+#include "store_status.h"
+
+namespace {
+
+std::wstring Widen(std::string_view bytes) {
+  std::wstring text(bytes.size(), L'\0');
+  const auto size = static_cast<int>(bytes.size());
+  text.resize(
+      static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, bytes.data(), size, text.data(), size)));
+  return text;
+}
+
+std::wstring Column(sqlite3_stmt* row, int column) {
+  const auto* const text = reinterpret_cast<const char*>(sqlite3_column_text(row, column));
+  return text ? Widen({text, static_cast<std::size_t>(sqlite3_column_bytes(row, column))}) : L"";
+}
+
+// Whether the store could be made: asked of the nearest folder that is there.
+LONG WhyNotMade(std::string folder) {
+  while (access(folder.c_str(), F_OK) != 0 && folder.size() > 1)
+    folder.resize(std::max<std::size_t>(folder.rfind('/'), 1));
+  return access(folder.c_str(), W_OK) == 0 ? 0 : StatusOfError(errno);
+}
+
+std::wstring FirstFault(sqlite3* store) {
+  const Statement check = Prepare(store, "PRAGMA integrity_check(1)");
+  const int code = check ? sqlite3_step(check.get()) : sqlite3_extended_errcode(store);
+  return code == SQLITE_ROW ? Column(check.get(), 0) : Widen(sqlite3_errstr(code));
+}
+
+std::vector<StoreReport::Event> Events(sqlite3* store) {
+  std::vector<StoreReport::Event> events;
+  const Statement rows = Prepare(store, "SELECT time, text FROM event ORDER BY id");
+  while (rows && sqlite3_step(rows.get()) == SQLITE_ROW)
+    events.push_back({Column(rows.get(), 0), Column(rows.get(), 1)});
+  return events;
+}
+
+void Describe(OpenedStore& opened, StoreReport& report) {
+  std::int64_t version = 0;
+  ReadNumber(opened.connection.get(), "PRAGMA user_version", version);
+  report.access =
+      opened.access == StoreAccess::Copy ? StoreReport::Access::Copy : StoreReport::Access::Shared;
+  report.version = static_cast<int>(version);
+  report.integrity = FirstFault(opened.connection.get());
+  report.events = Events(opened.connection.get());
+  report.whyNotWritten = opened.whyNotWritten;
+}
+
+}  // namespace
+
+StoreReport ReportOnStore(bool machine) {
+  const StorePlace place = machine ? StorePlace::Machine : StorePlace::User;
+  const std::string file = StoreFile(place);
+  StoreReport report;
+  report.path = Widen(file);
+  OpenedStore opened = OpenStore(file, place);
+  if (!opened.connection) {
+    report.access = StoreReport::Access::Unreadable;
+    report.integrity = Widen(sqlite3_errstr(opened.code));
+    report.whyNotWritten = kStoreFailed;
+  } else if (opened.access == StoreAccess::Missing) {
+    report.integrity = L"ok";
+    report.whyNotWritten = WhyNotMade(file);
+  } else {
+    Describe(opened, report);
+  }
+  return report;
+}
