@@ -1,12 +1,13 @@
 #include "store.h"
 
-#include <pthread.h>
 #include <time.h>
+#include <unistd.h>
 
 #include <limits>
-#include <new>
 
 #include "store_create.h"
+#include "store_fork.h"
+#include "store_repair.h"
 #include "store_status.h"
 
 namespace {
@@ -15,6 +16,9 @@ constexpr std::int64_t kMillisecond = 1'000'000;
 constexpr std::int64_t kSecond = 1000 * kMillisecond;
 constexpr std::int64_t kTimeBetweenLooks = 100 * kMillisecond;
 constexpr int kAttempts = 5;
+// Where a state without an index keeps its numbers.
+constexpr std::size_t kOwnChanges = 1;
+constexpr std::size_t kDataVersion = 2;
 
 // Exact to some milliseconds, and so cheap that every read can ask.
 std::int64_t CoarseTime() {
@@ -57,23 +61,37 @@ LONG Store::StatusOf(int sqlite) noexcept {
 }
 
 LONG Store::Failed(int sqlite) {
-  if (IsDamage(sqlite)) m_Damaged = true;
+  // Whoever may not write cannot replace the store either, and goes on with what can be read.
+  if (IsDamage(sqlite) && m_Opened.whyNotWritten == 0) m_Damaged = true;
   return StatusOf(sqlite);
 }
 
 LONG Store::Open() {
   if (Connection() && !MustReopen()) return 0;
+  const bool damaged = m_Damaged;
+  std::string account;
   Close();
+  CloseStoresAtForks();
   m_File = StoreFile(m_Place);
   if (m_File.empty()) return kStoreFailed;
-  m_Opened = OpenStore(m_File, m_Place);
+  if (!damaged) m_Opened = OpenStore(m_File, m_Place);
+  if (damaged || IsDamage(m_Opened.code)) {
+    RepairStore(m_File, m_Place, account);
+    m_Opened = OpenStore(m_File, m_Place);
+  }
   if (!Connection()) return kStoreFailed;
+  TakeConnection();
+  // Last, since whoever is told may come back here.
+  if (!account.empty()) TellOfRepair(account);
+  return Connection() ? 0 : Open();
+}
+
+void Store::TakeConnection() {
   ++m_Generation;
   m_NextLook = CoarseTime() + kTimeBetweenLooks;
   m_Synced = true;
   m_LastSynced = std::numeric_limits<std::int64_t>::min() / 2;
   if (m_Opened.hasIndex) m_Index.Attach(Connection());
-  return 0;
 }
 
 void Store::Close() {
@@ -81,9 +99,15 @@ void Store::Close() {
   m_DataVersion.reset();
   m_Begin.reset();
   m_Commit.reset();
+  if (Connection()) LeaveLogAtClose(Connection());
   m_Opened = OpenedStore();
   m_Writing = false;
   m_Damaged = false;
+}
+
+void Store::Forget() {
+  Of(StorePlace::User).Close();
+  Of(StorePlace::Machine).Close();
 }
 
 bool Store::MustReopen() {
@@ -107,11 +131,12 @@ StoreState Store::State() {
   if (m_Index.Read(state)) return state;
   if (!m_DataVersion) m_DataVersion = Prepare(Connection(), "PRAGMA data_version");
   // Own changes do not count there. The last word is one that no index has.
-  state.words = {0, m_OwnChanges, 0, 0, 0, 1};
+  state.words = {0, 0, 0, 0, 0, 1};
+  state.words[kOwnChanges] = m_OwnChanges;
   if (m_DataVersion && sqlite3_step(m_DataVersion.get()) == SQLITE_ROW)
-    state.words[2] = static_cast<std::uint64_t>(sqlite3_column_int64(m_DataVersion.get(), 0));
+    state.words[kDataVersion] = static_cast<std::uint64_t>(sqlite3_column_int64(m_DataVersion.get(), 0));
   else
-    state.words[3] = ++m_OwnChanges;
+    state.words[kOwnChanges] = ++m_OwnChanges;
   sqlite3_reset(m_DataVersion.get());
   return state;
 }
@@ -135,8 +160,11 @@ LONG Store::OpenToWrite() {
   if (m_Opened.access == StoreAccess::Missing) {
     if (const LONG status = CreateStore(m_File, m_Place)) return status;
     Close();
-    if (const LONG status = Open()) return status;
+  } else if (m_Opened.whyNotWritten != 0 && access(m_File.c_str(), W_OK) == 0) {
+    // What stood in the way may be gone.
+    Close();
   }
+  if (const LONG status = Open()) return status;
   return m_Opened.whyNotWritten;
 }
 
@@ -170,8 +198,21 @@ LONG Store::Commit() {
   }
   m_Writing = false;
   ++m_OwnChanges;
+  m_Left = StateLeft();
   if (m_Synced) m_LastSynced = CoarseTime();
   return 0;
+}
+
+// Between the commit and the look at what it left, another may have written.
+StoreState Store::StateLeft() {
+  StoreState left;
+  if (!m_Index.Read(left)) {
+    left = m_Begun;
+    left.words[kOwnChanges] = m_OwnChanges;
+  } else if (left != m_Begun && left.ChangeCounter() != m_Begun.ChangeCounter() + 1) {
+    left.words.fill(~std::uint64_t{0});
+  }
+  return left;
 }
 
 void Store::Rollback() {

@@ -46,6 +46,10 @@ class Store {
   // Whether what was seen in state `seen` still held when BeginWrite() got its lock, so that the own change is the
   // only one since. For the time between BeginWrite() and Commit().
   bool StillAt(const StoreState& seen) const { return seen == m_Begun; }
+  // After Commit(): the state that it left, or one that nothing is ever in when somebody else came right behind it.
+  const StoreState& OwnState() const noexcept { return m_Left; }
+  // Between BeginWrite() and Commit() or Rollback(). A fork ends it too: the change is undone and Commit() fails.
+  bool Writing() const noexcept { return m_Writing; }
 
   // Returns when all that was written is in the store's file itself and on the disk.
   LONG Flush();
@@ -57,15 +61,19 @@ class Store {
 
   // Lets go of the file; the next use looks for it afresh. An open transaction is undone.
   void Close();
+  // The same for both stores. For tests, which move the folders.
+  static void Forget();
 
  private:
   explicit Store(StorePlace place) : m_Place(place) {}
 
   bool MustReopen();
+  void TakeConnection();
   LONG OpenToWrite();
   LONG Begin();
   bool HasMoved() const;
   void ChooseDurability();
+  StoreState StateLeft();
 
   StorePlace m_Place;
   std::string m_File;
@@ -75,6 +83,7 @@ class Store {
   std::uint64_t m_Generation = 0;
   std::uint64_t m_OwnChanges = 0;
   StoreState m_Begun;  // inside a transaction that writes: the state it started from
+  StoreState m_Left;   // that of the last own commit
   bool m_Writing = false;
   bool m_Synced = false;          // commits of this connection wait for the disk
   bool m_Damaged = false;         // SQLite said so

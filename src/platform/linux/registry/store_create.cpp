@@ -16,13 +16,13 @@
 namespace {
 
 constexpr const char* kUserRoots = R"(
-INSERT INTO key VALUES(1, 0, 'HKEY_CURRENT_USER', X'00');
+INSERT INTO key(id, parent, name, folded) VALUES(1, 0, 'HKEY_CURRENT_USER', X'00');
 )";
 
 constexpr const char* kMachineRoots = R"(
-INSERT INTO key VALUES(1, 0, 'HKEY_LOCAL_MACHINE', X'00');
-INSERT INTO key VALUES(2, 0, 'HKEY_CLASSES_ROOT', X'01');
-INSERT INTO key VALUES(3, 0, 'HKEY_CURRENT_CONFIG', X'02');
+INSERT INTO key(id, parent, name, folded) VALUES(1, 0, 'HKEY_LOCAL_MACHINE', X'00');
+INSERT INTO key(id, parent, name, folded) VALUES(2, 0, 'HKEY_CLASSES_ROOT', X'01');
+INSERT INTO key(id, parent, name, folded) VALUES(3, 0, 'HKEY_CURRENT_CONFIG', X'02');
 )";
 
 // Ids of keys go on from the time in microseconds, so that two stores of the same name never give the same one.
@@ -72,9 +72,10 @@ Database EmptyStore(StorePlace place) {
   return database;
 }
 
-bool StoreIsThere(const std::string& file) {
+bool StoreIsMissing(const std::string& file) {
   struct stat state {};
-  return stat(file.c_str(), &state) == 0 && state.st_size > 0;
+  if (stat(file.c_str(), &state) != 0) return errno == ENOENT || errno == ENOTDIR;
+  return state.st_size == 0;
 }
 
 LONG BuildHiddenStore(const std::string& file, StorePlace place, Database& store) {
@@ -93,18 +94,18 @@ LONG ShowHiddenStore(const std::string& file) {
   const std::string hidden = HiddenName(file);
   if (const LONG status = SyncToDisk(hidden, O_RDWR)) return status;
   // An empty file gives way; and so that no other does, the new one is never put over it.
-  if (!StoreIsThere(file)) unlink(file.c_str());
+  if (StoreIsMissing(file)) unlink(file.c_str());
   if (link(hidden.c_str(), file.c_str()) != 0 && errno != EEXIST) return StatusOfError(errno);
   unlink(hidden.c_str());
   return SyncToDisk(file.substr(0, file.rfind('/')), O_RDONLY | O_DIRECTORY);
 }
 
 LONG CreateStore(const std::string& file, StorePlace place) {
-  if (StoreIsThere(file)) return 0;
+  if (!StoreIsMissing(file)) return 0;
   if (const LONG status = MakeStoreFolder(file, place)) return status;
   StoreFileLock lock;
   if (const LONG status = lock.Take(file)) return status;
-  if (StoreIsThere(file)) return 0;
+  if (!StoreIsMissing(file)) return 0;
   // A log without its store would be taken for the log of the new one.
   if (const LONG status = MoveStrayLogAside(file)) return status;
   Database store;

@@ -10,8 +10,8 @@
 // A store in memory, as which a missing one reads. Null when there is no memory.
 Database EmptyStore(StorePlace place);
 
-// Whether there is a file with something in it; an empty one is a store that is still to be made.
-bool StoreIsThere(const std::string& file);
+// No file, or an empty one. Not one that cannot be seen.
+bool StoreIsMissing(const std::string& file);
 
 // Makes the store, and its folder, unless somebody else has. 0 or the registry's code.
 LONG CreateStore(const std::string& file, StorePlace place);

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "store.h"
+#include "store_copy.h"
 #include "store_create.h"
 #include "store_schema.h"
 #include "store_status.h"
@@ -51,24 +52,52 @@ OpenedStore OpenEmpty(const StoreMark& mark, StorePlace place) {
   return opened;
 }
 
+// Why a store that could not be shared cannot be written.
+LONG WhyNotShared(const std::string& file, int code, int error) {
+  if (access(file.substr(0, file.rfind('/')).c_str(), W_OK) != 0) return StatusOfError(errno);
+  const LONG status = Store::StatusOf(code);
+  return status == kStoreFailed ? StatusOfError(error) : status;
+}
+
 // The usual way. SQLite itself takes a file that may not be written for reading alone.
 OpenedStore OpenShared(const std::string& file, StorePlace place) {
   OpenedStore opened;
   std::int64_t version = 0;
   opened.access = StoreAccess::Shared;
   opened.code = OpenDatabase(file.c_str(), SQLITE_OPEN_READWRITE, opened.connection);
-  if (opened.code == SQLITE_OK) opened.code = CheckStore(opened.connection.get(), version);
+  sqlite3* const database = opened.connection.get();
+  if (opened.code == SQLITE_OK) opened.code = CheckStore(database, version);
   if (opened.code != SQLITE_OK) {
+    opened.whyNotWritten =
+        WhyNotShared(file, opened.code, database ? sqlite3_system_errno(database) : ENOMEM);
     opened.connection.reset();
     return opened;
   }
-  sqlite3* const database = opened.connection.get();
   if (sqlite3_db_readonly(database, "main") == 1 || version > kUserVersion)
     opened.whyNotWritten = kAccessDenied;
   // Others may read the machine's settings only while the log and its index are there.
   if (place == StorePlace::Machine) KeepLogAtClose(database);
   opened.hasIndex = opened.whyNotWritten == 0 ? TakeLog(database) : HasLog(database);
   return opened;
+}
+
+// Whether a copy may still be had where the store cannot be shared.
+bool MayBeCopied(int code) {
+  return !IsDamage(code) && (code & 0xFF) != SQLITE_BUSY && (code & 0xFF) != SQLITE_NOMEM;
+}
+
+// Read again when it changed while it was read.
+void OpenCopy(const std::string& file, OpenedStore& opened) {
+  for (const auto copy : {CopyAlone, CopyUnchanging, CopyWithLog}) {
+    do {
+      opened.mark = MarkOf(file);
+      opened.code = copy(file, opened.connection);
+    } while (opened.code == SQLITE_OK && MarkOf(file) != opened.mark);
+    if (opened.code == SQLITE_OK) {
+      opened.access = StoreAccess::Copy;
+      return;
+    }
+  }
 }
 
 }  // namespace
@@ -95,6 +124,8 @@ int CheckStore(sqlite3* database, std::int64_t& version) {
 
 OpenedStore OpenStore(const std::string& file, StorePlace place) {
   const StoreMark mark = MarkOf(file);
-  if (!StoreIsThere(file)) return OpenEmpty(mark, place);
-  return OpenShared(file, place);
+  if (StoreIsMissing(file)) return OpenEmpty(mark, place);
+  OpenedStore opened = OpenShared(file, place);
+  if (!opened.connection && MayBeCopied(opened.code)) OpenCopy(file, opened);
+  return opened;
 }

@@ -7,20 +7,13 @@
 #include "store_create.h"
 #include "store_open.h"
 #include "store_status.h"
+#include "store_text.h"
 
 namespace {
 
-std::wstring Widen(std::string_view bytes) {
-  std::wstring text(bytes.size(), L'\0');
-  const auto size = static_cast<int>(bytes.size());
-  text.resize(
-      static_cast<std::size_t>(MultiByteToWideChar(CP_UTF8, 0, bytes.data(), size, text.data(), size)));
-  return text;
-}
-
 std::wstring Column(sqlite3_stmt* row, int column) {
   const auto* const text = reinterpret_cast<const char*>(sqlite3_column_text(row, column));
-  return text ? Widen({text, static_cast<std::size_t>(sqlite3_column_bytes(row, column))}) : L"";
+  return text ? WideFromUtf8({text, static_cast<std::size_t>(sqlite3_column_bytes(row, column))}) : L"";
 }
 
 // Whether the store could be made: asked of the nearest folder that is there.
@@ -33,7 +26,7 @@ LONG WhyNotMade(std::string folder) {
 std::wstring FirstFault(sqlite3* store) {
   const Statement check = Prepare(store, "PRAGMA integrity_check(1)");
   const int code = check ? sqlite3_step(check.get()) : sqlite3_extended_errcode(store);
-  return code == SQLITE_ROW ? Column(check.get(), 0) : Widen(sqlite3_errstr(code));
+  return code == SQLITE_ROW ? Column(check.get(), 0) : WideFromUtf8(sqlite3_errstr(code));
 }
 
 std::vector<StoreReport::Event> Events(sqlite3* store) {
@@ -61,11 +54,11 @@ StoreReport ReportOnStore(bool machine) {
   const StorePlace place = machine ? StorePlace::Machine : StorePlace::User;
   const std::string file = StoreFile(place);
   StoreReport report;
-  report.path = Widen(file);
+  report.path = WideFromUtf8(file);
   OpenedStore opened = OpenStore(file, place);
   if (!opened.connection) {
     report.access = StoreReport::Access::Unreadable;
-    report.integrity = Widen(sqlite3_errstr(opened.code));
+    report.integrity = WideFromUtf8(sqlite3_errstr(opened.code));
     report.whyNotWritten = kStoreFailed;
   } else if (opened.access == StoreAccess::Missing) {
     report.integrity = L"ok";

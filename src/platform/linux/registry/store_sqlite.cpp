@@ -35,6 +35,10 @@ int OpenDatabase(const char* name, int flags, Database& result) {
   return code;
 }
 
+void LeaveLogAtClose(sqlite3* database) {
+  sqlite3_db_config(database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+}
+
 Statement Prepare(sqlite3* database, const char* sql) {
   sqlite3_stmt* statement = nullptr;
   sqlite3_prepare_v3(database, sql, -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr);

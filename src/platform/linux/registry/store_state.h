@@ -11,6 +11,8 @@
 struct StoreState {
   std::array<std::uint64_t, 6> words{};
   bool operator==(const StoreState&) const = default;
+  // Of an index: one more with every commit.
+  std::uint32_t ChangeCounter() const noexcept { return static_cast<std::uint32_t>(words[1]); }
 };
 
 // SQLite keeps an index of its log in memory that all processes share. The 48 bytes at its start are written anew

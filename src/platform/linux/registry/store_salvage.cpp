@@ -1,0 +1,74 @@
+#include "store_salvage.h"
+
+#include <string>
+
+namespace {
+
+// Rows are read from both ends up to the first that cannot be: what is lost lies between two damaged places.
+struct Table {
+  const char* rows;
+  const char* insert;
+  int columns;
+};
+
+constexpr Table kKeys = {
+    "SELECT id, parent, name, folded FROM key WHERE typeof(parent) = 'integer'"
+    " AND typeof(name) = 'text' AND typeof(folded) = 'blob' ORDER BY id ",
+    "INSERT OR IGNORE INTO key(id, parent, name, folded) VALUES(?, ?, ?, ?)", 4};
+constexpr Table kValues = {
+    "SELECT id, key, name, folded, type, data FROM value WHERE typeof(key) = 'integer'"
+    " AND typeof(name) = 'text' AND typeof(folded) = 'blob' AND typeof(type) = 'integer'"
+    " AND typeof(data) = 'blob' ORDER BY id ",
+    "INSERT OR IGNORE INTO value(id, key, name, folded, type, data) VALUES(?, ?, ?, ?, ?, ?)", 6};
+constexpr Table kEvents = {"SELECT id, time, text FROM event ORDER BY id ",
+                           "INSERT OR IGNORE INTO event(id, time, text) VALUES(?, ?, ?)", 3};
+
+void CopyRows(sqlite3* source, sqlite3* target, const Table& table, const char* direction) {
+  const Statement rows = Prepare(source, (std::string(table.rows) + direction).c_str());
+  const Statement insert = Prepare(target, table.insert);
+  if (!rows || !insert) return;
+  while (sqlite3_step(rows.get()) == SQLITE_ROW) {
+    for (int i = 0; i < table.columns; ++i)
+      sqlite3_bind_value(insert.get(), i + 1, sqlite3_column_value(rows.get(), i));
+    RunOnce(insert.get());
+  }
+}
+
+void CopyTable(sqlite3* source, sqlite3* target, const Table& table) {
+  CopyRows(source, target, table, "ASC");
+  CopyRows(source, target, table, "DESC");
+}
+
+void RemoveOrphans(sqlite3* target) {
+  Execute(target, R"(
+CREATE TEMP TABLE reached AS WITH RECURSIVE found(id) AS (
+  SELECT id FROM key WHERE parent = 0 AND id < 4 UNION SELECT key.id FROM key JOIN found ON key.parent = found.id)
+  SELECT id FROM found;
+DELETE FROM key WHERE id NOT IN (SELECT id FROM reached);
+DELETE FROM value WHERE key NOT IN (SELECT id FROM reached);
+DROP TABLE reached;)");
+}
+
+// The next id is beyond all that the damaged store has given, as far as it still tells.
+void ContinueIds(sqlite3* source, sqlite3* target) {
+  std::int64_t last = 0;
+  if (ReadNumber(source, "SELECT seq FROM sqlite_sequence WHERE name = 'key'", last) != SQLITE_OK) return;
+  const std::string next = std::to_string(last);
+  Execute(target, ("UPDATE sqlite_sequence SET seq = max(seq, " + next + ") WHERE name = 'key'").c_str());
+}
+
+}  // namespace
+
+Salvaged Salvage(sqlite3* source, sqlite3* target) {
+  // Lets SQLite read a file that is shorter than it should be.
+  Execute(source, "PRAGMA writable_schema = ON");
+  Execute(target, "BEGIN");
+  for (const Table* const table : {&kKeys, &kValues, &kEvents}) CopyTable(source, target, *table);
+  RemoveOrphans(target);
+  ContinueIds(source, target);
+  Salvaged salvaged;
+  if (Execute(target, "COMMIT") != SQLITE_OK) return salvaged;
+  ReadNumber(target, "SELECT COUNT(*) FROM key WHERE parent <> 0", salvaged.keys);
+  ReadNumber(target, "SELECT COUNT(*) FROM value", salvaged.values);
+  return salvaged;
+}
