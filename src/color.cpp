@@ -15,24 +15,23 @@ TColor EachChannel(const TColor& colour, Change change) {
   return {change(int{plain.Red()}), change(int{plain.Green()}), change(int{plain.Blue()})};
 }
 
-// 0..1 to 0..255, to the nearest.
-unsigned long Scaled(float part) {
-  return static_cast<unsigned long>(part * 255.0F + 0.5F);
+// `part` of `whole` as 0..255, to the nearest.
+unsigned long Scaled(int part, int whole) {
+  return static_cast<unsigned long>(static_cast<float>(part * 255) / static_cast<float>(whole) + 0.5F);
 }
 
-// Where the colour stands on the circle of hues, in sixths of it: red 0, green 2, blue 4.
-float Hue(int red, int green, int blue, int max, float range) {
-  if (max == red) {
-    const float sixths = static_cast<float>(green - blue) / range;
-    return sixths < 0 ? sixths + 6.0F : sixths;
-  }
-  return max == green ? 2.0F + static_cast<float>(blue - red) / range
-                      : 4.0F + static_cast<float>(red - green) / range;
+// Where the colour stands on the circle of hues, in sixths of it, times `range`: red 0, green 2, blue 4. Without
+// jumps, since colours are not foreseen.
+int Hue(int red, int green, int blue, int max, int range) {
+  const bool isRed = max == red, isGreen = !isRed && max == green;
+  const int from = isRed ? (green < blue ? 6 : 0) : isGreen ? 2 : 4;
+  const int distance = isRed ? green - blue : isGreen ? blue - red : red - green;
+  return from * range + distance;
 }
 
 // How much of the range the channel has whose own hue lies `distance` sixths away.
 float Share(float distance) {
-  return std::clamp(2.0F - distance, 0.0F, 1.0F);
+  return std::max(0.0F, std::min(1.0F, 2.0F - distance));
 }
 
 // A byte moved by a percentage of its room.
@@ -65,21 +64,20 @@ TColor TColor::Merge(const TColor& other) const {
 unsigned long TColor::Rgb2Hls() const {
   const TColor plain = Rgb();
   const int red = plain.Red(), green = plain.Green(), blue = plain.Blue();
-  const int max = std::max({red, green, blue}), min = std::min({red, green, blue});
-  const int sum = max + min;
-  const unsigned long lightness = Scaled(static_cast<float>(sum) / 510.0F) << 8;
-  if (max == min) return lightness;
-  const auto range = static_cast<float>(max - min);
-  const unsigned long saturation = Scaled(range / static_cast<float>(sum <= 255 ? sum : 510 - sum)) << 16;
-  return Scaled(Hue(red, green, blue, max, range) / 6.0F) | lightness | saturation;
+  const int max = std::max(std::max(red, green), blue), min = std::min(std::min(red, green), blue);
+  const int sum = max + min, range = max - min;
+  const unsigned long lightness = static_cast<unsigned long>(sum + 1) / 2;
+  if (range == 0) return lightness << 8;
+  const unsigned long saturation = Scaled(range, sum <= 255 ? sum : 510 - sum);
+  return Scaled(Hue(red, green, blue, max, range), 6 * range) | lightness << 8 | saturation << 16;
 }
 
 TColor& TColor::Hls2Rgb(unsigned long hls) {
-  const auto part = [hls](int shift) { return static_cast<float>(hls >> shift & 0xFF) / 255.0F; };
-  const float sixths = part(0) * 6.0F, lightness = part(8);
-  const float range = (1.0F - std::abs(2.0F * lightness - 1.0F)) * part(16);
-  const float min = lightness - range / 2.0F;
-  const auto channel = [=](float share) { return static_cast<int>(Scaled(min + range * share)); };
+  const auto part = [hls](int shift) { return static_cast<float>(hls >> shift & 0xFF); };
+  const float sixths = part(0) * (6.0F / 255.0F), lightness = part(8);
+  const float range = (255.0F - std::abs(2.0F * lightness - 255.0F)) * part(16) * (1.0F / 255.0F);
+  const float min = lightness - range * 0.5F + 0.5F;
+  const auto channel = [=](float share) { return static_cast<int>(min + range * share); };
   // Red lies at both ends of the circle: its share is what the opposite hue leaves.
   return *this = {channel(1.0F - Share(std::abs(sixths - 3.0F))), channel(Share(std::abs(sixths - 2.0F))),
                   channel(Share(std::abs(sixths - 4.0F)))};
