@@ -27,6 +27,7 @@
 #include "platform_types.h"
 #include "program_options.h"
 #include "px_format.h"
+#include "pxsf.h"
 #include "qel_cstring.h"
 #include "qel_export.h"
 #include "report.h"
