@@ -97,7 +97,7 @@ LOGFONTW FontOf(const std::array<std::wstring_view, kFontFields>& fields) {
   font.lfClipPrecision = ByteAtStart(fields[kClipPrecision]);
   font.lfQuality = ByteAtStart(fields[kQuality]);
   font.lfPitchAndFamily = ByteAtStart(fields[kPitchAndFamily]);
-  fields[kFace].substr(0, LF_FACESIZE - 1).copy(font.lfFaceName, LF_FACESIZE - 1);
+  WithoutBlanks(fields[kFace].substr(0, LF_FACESIZE - 1)).copy(font.lfFaceName, LF_FACESIZE - 1);
   return font;
 }
 

@@ -22,10 +22,12 @@ int HexDigitValue(wchar_t ch) noexcept {
   return -1;
 }
 
-// Whether "0x" and a digit begin here; without the digit the number is the 0 alone.
+// Whether "0x" and a digit begin here, a point before the digit or not; without it the number is the 0 alone.
 bool StartsHex(std::string_view text) noexcept {
-  return text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X') &&
-         HexDigitValue(static_cast<wchar_t>(text[2])) >= 0;
+  if (!text.starts_with("0x") && !text.starts_with("0X")) return false;
+  text.remove_prefix(2);
+  if (text.starts_with('.')) text.remove_prefix(1);
+  return !text.empty() && HexDigitValue(static_cast<wchar_t>(text.front())) >= 0;
 }
 
 // What a number with so large an exponent means. A hundred characters need one for leaving the range.
@@ -33,16 +35,17 @@ double OutOfRange(std::string_view number) noexcept {
   return number.find('-') != std::string_view::npos ? 0.0 : std::numeric_limits<double>::infinity();
 }
 
-double UnsignedDouble(std::string_view text) noexcept {
+double SignedDouble(bool negative, std::string_view text) noexcept {
   const bool hex = StartsHex(text);
   if (hex) text.remove_prefix(2);
   if (text.starts_with('-')) return 0;  // a second sign, which from_chars would take
   double value = 0;
   const auto format = hex ? std::chars_format::hex : std::chars_format::general;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value, format);
+  if (error == std::errc::invalid_argument) return 0;
   if (error == std::errc::result_out_of_range)
-    return OutOfRange(text.substr(0, static_cast<std::size_t>(end - text.data())));
-  return value;
+    value = OutOfRange(text.substr(0, static_cast<std::size_t>(end - text.data())));
+  return negative ? -value : value;
 }
 
 }  // namespace
@@ -127,6 +130,5 @@ double DoubleAtStart(std::wstring_view text) noexcept {
   const std::wstring_view number = scan.Rest();
   char* const end = std::transform(number.begin(), number.end(), ascii,
                                    [](wchar_t ch) { return ch < 0x80 ? static_cast<char>(ch) : '\0'; });
-  const double value = UnsignedDouble({ascii, end});
-  return negative ? -value : value;
+  return SignedDouble(negative, {ascii, end});
 }
