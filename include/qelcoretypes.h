@@ -3,6 +3,7 @@
 #define QEL_QELCORETYPES_H
 
 #include "app_services.h"
+#include "appfolders.h"
 #include "atof2.h"
 #include "calendar.h"
 #include "cobject.h"
@@ -18,6 +19,7 @@
 #include "hcalendar.h"
 #include "html.h"
 #include "iappcontext.h"
+#include "iappsettings.h"
 #include "legacydate.h"
 #include "list.h"
 #include "list_base.h"

@@ -63,6 +63,8 @@ StoreReport ReportOnStore(bool machine);
 #ifdef _WIN32
 
 #include <oleauto.h>
+#include <shlobj.h>
+#include <shlwapi.h>
 
 // What the system's own path functions take between folders.
 constexpr wchar_t kPathSeparator = L'\\';
@@ -148,6 +150,33 @@ void* LockResource(HGLOBAL data);
 
 // The system's colours by index, 0 to 24; here those of the default theme. Red is in the lowest byte.
 DWORD GetSysColor(int index);
+
+// Files and folders. Paths have "\" or "/" between names; one with a drive, as "C:\", has no place here (3). A
+// failure leaves its code as the last error: 2 no such file, 3 no such folder above it, 5 no right, 19 read-only
+// volume, 87 a null path, 112 disk full, 123 a name longer than the system takes, 183 there already, 1 any other.
+constexpr DWORD INVALID_FILE_ATTRIBUTES = 0xFFFFFFFF;
+constexpr DWORD FILE_ATTRIBUTE_DIRECTORY = 0x10;
+constexpr DWORD FILE_ATTRIBUTE_NORMAL = 0x80;
+// One of the two above, or INVALID_FILE_ATTRIBUTES on failure.
+DWORD GetFileAttributesW(const wchar_t* path);
+// Makes one folder; `security` is always null. Result: 1, or 0 on failure.
+BOOL CreateDirectoryW(const wchar_t* path, const void* security);
+
+// The shell. A folder by its number, as a list for CoTaskMemFree. Known is 5 alone, the user's documents: the
+// desktop's choice for them ($XDG_CONFIG_HOME/user-dirs.dirs), else "Documents" in the user's home, be it there or
+// not. Result: 0; below it when the user has no home, and for other numbers (0x80070057), *list being null.
+struct ITEMIDLIST;
+using LPITEMIDLIST = ITEMIDLIST*;
+constexpr int CSIDL_PERSONAL = 5;
+HRESULT SHGetSpecialFolderLocation(void* window, int folder, LPITEMIDLIST* list);
+// The folder's path as the system writes it, into room for 260 units. Result: 1, or 0 with an empty path for null
+// and for a path longer than that.
+BOOL SHGetPathFromIDListW(const ITEMIDLIST* list, wchar_t* path);
+void CoTaskMemFree(void* memory);
+// Appends `more` to `path`, which has room for 260 units, with one "\" between, and takes "." and ".." away, never
+// above the root. A `more` with a drive or with two "\" in front takes the place of the path. Result: 1; 0 with an
+// empty path when it would be longer than 259 units, and with all unchanged for null.
+BOOL PathAppendW(wchar_t* path, const wchar_t* more);
 
 // Registry. Result: 0 or the code of Windows:
 //   2 no such key or value       5 no right to it, or sub-keys below    6 null, closed or foreign handle

@@ -1,0 +1,174 @@
+#include <pwd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cwchar>
+#include <fstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "code_page.h"
+#include "platform/platform.h"
+
+namespace {
+
+constexpr std::size_t kPathRoom = 260;  // units, terminator included
+constexpr HRESULT kInvalidArgument = static_cast<HRESULT>(0x80070057);
+constexpr HRESULT kNoSuchFolder = static_cast<HRESULT>(0x80070003);
+
+// The variable when it is an absolute path, else nothing: others do not count for the desktop either.
+std::string AbsoluteFrom(const char* variable) {
+  const char* const value = std::getenv(variable);
+  return value && *value == '/' ? value : "";
+}
+
+std::string HomeOfAccount() {
+  passwd entry{};
+  passwd* found = nullptr;
+  std::vector<char> texts(16384);
+  getpwuid_r(getuid(), &entry, texts.data(), texts.size(), &found);
+  return found && found->pw_dir && *found->pw_dir == '/' ? found->pw_dir : "";
+}
+
+std::string HomeFolder() {
+  const std::string home = AbsoluteFrom("HOME");
+  return home.empty() ? HomeOfAccount() : home;
+}
+
+// The text between the quotes at the start of `quoted`, where "\" stands before a character taken as it is.
+std::string Unquoted(std::string_view quoted) {
+  std::string text;
+  for (std::size_t i = 1; i < quoted.size() && quoted[i] != '"'; ++i) {
+    if (quoted[i] == '\\' && i + 1 < quoted.size()) ++i;
+    text += quoted[i];
+  }
+  return text;
+}
+
+// The desktop's file has lines such as XDG_DOCUMENTS_DIR="$HOME/Documents" or ="/srv/documents"; the last one
+// counts. Empty when it names no folder.
+std::string DocumentsOfDesktop(const std::string& home) {
+  constexpr std::string_view kName = "XDG_DOCUMENTS_DIR=", kHome = "\"$HOME/";
+  std::string config = AbsoluteFrom("XDG_CONFIG_HOME");
+  if (config.empty()) config = home + "/.config";
+  std::ifstream file(config + "/user-dirs.dirs");
+  std::string folder;
+  for (std::string line; std::getline(file, line);) {
+    std::string_view value(line);
+    value.remove_prefix(std::min(value.find_first_not_of(" \t"), value.size()));
+    if (!value.starts_with(kName)) continue;
+    value.remove_prefix(kName.size());
+    if (value.starts_with(kHome))
+      folder = home + Unquoted(value.substr(kHome.size() - 2));
+    else if (value.starts_with("\"/"))
+      folder = Unquoted(value);
+  }
+  while (folder.size() > 1 && folder.ends_with('/')) folder.pop_back();
+  return folder;
+}
+
+// Paths taken apart and put together again, name by name.
+class Canonical {
+ public:
+  explicit Canonical(std::wstring_view path) {
+    const std::size_t root = RootLength(path);
+    m_Path = path.substr(0, root);
+    m_Root = m_Path.size();
+    for (std::size_t at = root; at <= path.size();) {
+      const std::size_t end = std::min(path.find(L'\\', at), path.size());
+      Add(path.substr(at, end - at), end == path.size());
+      at = end + 1;
+    }
+    const bool drive = m_Path.size() == 2 && m_Path[1] == L':';
+    if (m_Path.empty() || drive) m_Path += L'\\';
+  }
+
+  const std::wstring& Path() const { return m_Path; }
+
+ private:
+  // What ".." never takes away: "C:\", "\\server", "\\?\C:\" or "\" in front.
+  static std::size_t RootLength(std::wstring_view path) {
+    const std::size_t prefix = path.starts_with(L"\\\\?\\") ? 4 : 0;
+    if (path.size() >= prefix + 2 && path[prefix + 1] == L':') {
+      const bool separated = path.size() > prefix + 2 && path[prefix + 2] == L'\\';
+      return prefix + (separated ? 3 : 2);
+    }
+    if (path.starts_with(L"\\\\")) return std::min(path.find(L'\\', 2), path.size());
+    return path.starts_with(L'\\') ? 1 : 0;
+  }
+
+  void Add(std::wstring_view name, bool last) {
+    if (name == L"..") {
+      GoUp();
+    } else if (name != L"." || last) {
+      if (m_Separate) m_Path += L'\\';
+      m_Path += name;
+      m_Separate = true;
+    }
+  }
+
+  void GoUp() {
+    const std::size_t name = m_Path.rfind(L'\\');
+    const std::size_t kept = name == m_Path.npos ? 0 : name;
+    m_Path.resize(std::max(kept, m_Root));
+    m_Separate = !m_Path.ends_with(L'\\');
+  }
+
+  std::wstring m_Path;
+  std::size_t m_Root = 0;
+  bool m_Separate = false;  // before the next name
+};
+
+// Whether the path stands for itself, whatever it is appended to.
+bool IsWhole(std::wstring_view path) {
+  return path.starts_with(L"\\\\") || (path.size() > 1 && path[1] == L':');
+}
+
+std::wstring Joined(std::wstring path, std::wstring_view more) {
+  if (!IsWhole(more)) more.remove_prefix(std::min(more.find_first_not_of(L'\\'), more.size()));
+  if (more.empty()) return path;
+  if (path.empty() || IsWhole(more)) return std::wstring(more);
+  if (!path.ends_with(L'\\')) path += L'\\';
+  return path.append(more);
+}
+
+}  // namespace
+
+HRESULT SHGetSpecialFolderLocation(void*, int folder, LPITEMIDLIST* list) {
+  *list = nullptr;
+  if (folder != CSIDL_PERSONAL) return kInvalidArgument;
+  const std::string home = HomeFolder();
+  if (home.empty()) return kNoSuchFolder;
+  std::string documents = DocumentsOfDesktop(home);
+  if (documents.empty()) documents = home + "/Documents";
+  const std::wstring path = Decode(CP_UTF8, documents);
+  void* const memory = std::malloc((path.size() + 1) * sizeof(wchar_t));
+  if (!memory) return kNoSuchFolder;
+  std::wmemcpy(static_cast<wchar_t*>(memory), path.c_str(), path.size() + 1);
+  *list = static_cast<LPITEMIDLIST>(memory);
+  return 0;
+}
+
+BOOL SHGetPathFromIDListW(const ITEMIDLIST* list, wchar_t* path) {
+  *path = L'\0';
+  if (!list) return 0;
+  const std::wstring_view whole(reinterpret_cast<const wchar_t*>(list));
+  if (whole.size() >= kPathRoom) return 0;
+  *std::copy(whole.begin(), whole.end(), path) = L'\0';
+  return 1;
+}
+
+void CoTaskMemFree(void* memory) {
+  std::free(memory);
+}
+
+BOOL PathAppendW(wchar_t* path, const wchar_t* more) {
+  if (!path || !more) return 0;
+  const std::wstring joined = Canonical(Joined(path, more)).Path();
+  *path = L'\0';
+  if (joined.size() >= kPathRoom) return 0;
+  *std::copy(joined.begin(), joined.end(), path) = L'\0';
+  return 1;
+}
