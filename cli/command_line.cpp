@@ -19,7 +19,7 @@ using Run = int (*)(const Options&);
 
 struct Command {
   CLI::App* app;
-  Run run;
+  Run run;  // null when only the commands within it do something
   std::vector<CLI::Option*> operands;
 };
 
@@ -64,6 +64,7 @@ class CommandLine {
   explicit CommandLine(Options& options);
 
   void Parse(std::vector<std::string> arguments);
+  const CLI::App& App() const { return m_App; }
   std::string Help() const { return m_App.help(); }
   // What nothing took; empty when all was taken.
   std::vector<std::string> LeftOver() const { return m_App.remaining(true); }
@@ -75,6 +76,8 @@ class CommandLine {
   void AddDate();
   void AddCalendar();
   void AddCalc();
+  void AddColor();
+  void AddStruct();
   void AddCommon(CLI::App& app);
   void AddReading(CLI::App& app);
   void AddOperand(Command& command, const char* name, Text description, bool many = false);
@@ -102,6 +105,8 @@ CommandLine::CommandLine(Options& options) : m_Options(options), m_App(Say(Text:
   AddDate();
   AddCalendar();
   AddCalc();
+  AddColor();
+  AddStruct();
   Add(m_App, "error", Text::Error, RunError);
   Add(m_App, "version", Text::Version, RunVersion);
 }
@@ -160,6 +165,42 @@ void CommandLine::AddCalc() {
   calc.app->positionals_at_end();  // what follows the first expression is never an option
 }
 
+void CommandLine::AddColor() {
+  Command& color = Add(m_App, "color", Text::Color, RunColor);
+  AddChoice(*color.app, "--swatch", m_Options.swatch, {"auto", "always", "never"}, Text::OptionSwatch);
+  AddOperand(color, "COLOR", Text::OperandColors, true);
+  color.operands.clear();  // without one it is all that have a name
+
+  const struct {
+    const char* name;
+    Text description;
+    Run run;
+    const char* operands[2];
+    Text meanings[2];
+  } sums[] = {
+      {"lighten", Text::ColorLighten, RunColorLighten, {"N"}, {Text::OperandChannels}},
+      {"darken", Text::ColorDarken, RunColorDarken, {"N"}, {Text::OperandChannels}},
+      {"merge", Text::ColorMerge, RunColorMerge, {"OTHER"}, {Text::OperandColor}},
+      {"hls", Text::ColorHls, RunColorHls, {"L", "S"}, {Text::OperandLightness, Text::OperandSaturation}},
+  };
+  for (const auto& sum : sums) {
+    Command& command = Add(*color.app, sum.name, sum.description, sum.run);
+    AddChoice(*command.app, "--swatch", m_Options.swatch, {"auto", "always", "never"}, Text::OptionSwatch);
+    AddOperand(command, "COLOR", Text::OperandColor);
+    for (std::size_t i = 0; i < 2 && sum.operands[i]; ++i)
+      AddOperand(command, sum.operands[i], sum.meanings[i]);
+  }
+}
+
+void CommandLine::AddStruct() {
+  Command& record = Add(m_App, "struct", Text::Struct, nullptr);
+  Command& encode = Add(*record.app, "encode", Text::StructEncode, RunStructEncode);
+  AddOperand(encode, "BYTES", Text::OperandBytes, true);
+  Command& decode = Add(*record.app, "decode", Text::StructDecode, RunStructDecode);
+  decode.app->add_option("--size", m_Options.size, Say(Text::OptionSize))->type_name("N")->take_last();
+  AddOperand(decode, "TEXT", Text::OperandRecord, true);
+}
+
 void CommandLine::AddCommon(CLI::App& app) {
   AddChoice(app, "--lang", m_Options.language, {"en", "ar"}, Text::OptionLanguage);
   AddFlag(app, "--json", m_Options.json, Text::OptionJson);
@@ -209,8 +250,17 @@ std::string MoreAbout(const Command* command) {
   return Say(Text::MoreAbout, {path});
 }
 
-std::string WhatIsMissing(const Command* command) {
-  if (!command) return Say(Text::NoCommand);
+std::string NamesOfCommands(const CLI::App& app) {
+  std::string names;
+  for (const CLI::App* command : app.get_subcommands([](const CLI::App*) { return true; }))
+    (names += names.empty() ? "" : ", ") += command->get_name();
+  return names;
+}
+
+std::string WhatIsMissing(const CommandLine& line) {
+  const Command* const command = line.Given();
+  if (!command) return Say(Text::NoCommand, {NamesOfCommands(line.App())});
+  if (!command->run) return Say(Text::NoCommand, {NamesOfCommands(*command->app)});
   for (const CLI::Option* operand : command->operands)
     if (operand->count() == 0) return Say(Text::OperandMissing, {operand->get_name()});
   return {};
@@ -226,7 +276,7 @@ Request ReadCommandLine(std::vector<std::string> arguments, const std::string& l
   try {
     line.Parse(std::move(arguments));
     SpeakArabic(request.options.language == "ar");
-    request.complaint = WhatIsMissing(line.Given());
+    request.complaint = WhatIsMissing(line);
     if (request.complaint.empty()) request.run = line.Given()->run;
   } catch (const CLI::CallForHelp&) {
     request.help = line.Help();

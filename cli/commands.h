@@ -12,6 +12,13 @@ int RunDateAdd(const Options& options);
 int RunDateDiff(const Options& options);
 int RunCalendar(const Options& options);
 int RunCalc(const Options& options);
+int RunColor(const Options& options);
+int RunColorLighten(const Options& options);
+int RunColorDarken(const Options& options);
+int RunColorMerge(const Options& options);
+int RunColorHls(const Options& options);
+int RunStructEncode(const Options& options);
+int RunStructDecode(const Options& options);
 int RunError(const Options& options);
 int RunVersion(const Options& options);
 

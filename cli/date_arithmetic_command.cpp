@@ -1,11 +1,9 @@
-#include <charconv>
 #include <memory>
 #include <optional>
 
 #include "calendar.h"
 #include "commands.h"
 #include "day.h"
-#include "digits.h"
 #include "exceptions.h"
 #include "hcalendar.h"
 #include "output.h"
@@ -20,7 +18,7 @@ using namespace Qel::Sys::DateTime;
 
 constexpr int kLastYear = 65535;  // that a date can hold
 
-int Refuse(const std::string& input, const Refusal& refusal, const Options& options) {
+int RefuseDate(const std::string& input, const Refusal& refusal, const Options& options) {
   if (options.json)
     Print(AsJson(input, refusal).Line());
   else
@@ -32,21 +30,7 @@ int Refuse(const std::string& input, const Refusal& refusal, const Options& opti
 std::optional<Date> ReadOrComplain(const std::string& text, const Options& options) {
   const TypedDate typed = ReadTypedDate(text);
   if (!typed.refusal) return typed.reading.date;
-  Refuse(typed.text, *typed.refusal, options);
-  return std::nullopt;
-}
-
-// A whole number in any digits, with an optional sign.
-std::optional<Refusal> ReadCount(const std::string& typed, int& count) {
-  const std::string text = Utf8(Qel::Sys::Text::FoldDigits(Wide(typed)));
-  const char* const first = text.c_str() + (text.starts_with('+') ? 1 : 0);
-  const char* const end = text.c_str() + text.size();
-  const auto [stop, status] = std::from_chars(first, end, count);
-  const int position = static_cast<int>(stop - text.c_str()) + 1;
-  if (status == std::errc::result_out_of_range)
-    return Refusal{"count", 1, Say(Text::CountTooLarge, {InUserDigits(2147483647)})};
-  if (status != std::errc() || stop != end)
-    return Refusal{"count", position, Say(Text::NotACount, {InUserDigits(position), InUserDigits(30)})};
+  RefuseDate(typed.text, *typed.refusal, options);
   return std::nullopt;
 }
 
@@ -90,9 +74,9 @@ int RunDateAdd(const Options& options) {
   const std::optional<Date> day = ReadOrComplain(text, options);
   if (!day) return kUnreadable;
   int count = 0;
-  if (const auto refusal = ReadCount(number, count)) return Refuse(number, *refusal, options);
+  if (const auto refusal = ReadCount(number, count)) return RefuseDate(number, *refusal, options);
   const std::optional<Date> sum = Add(*day, add, count);
-  if (!sum) return Refuse(text, {"outside", 1, OutsideText()}, options);
+  if (!sum) return RefuseDate(text, {"outside", 1, OutsideText()}, options);
   Print(options.json ? AsJson(text, *sum).Line() : DayLine(*sum) + "\n");
   return kDone;
 }

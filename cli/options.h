@@ -10,10 +10,12 @@ namespace Cli {
 enum ExitCode : int { kDone = 0, kNotWritten = 1, kUsage = 2, kUnreadable = 3 };
 
 struct Options {
-  std::string language;       // "en" or "ar"
-  std::string today;          // YYYY-MM-DD, or empty for the real one
-  std::string order = "dmy";  // or "ymd"
-  std::string weekStart;      // "sat", "sun", "mon", or empty for what the language suggests
+  std::string language;         // "en" or "ar"
+  std::string today;            // YYYY-MM-DD, or empty for the real one
+  std::string order = "dmy";    // or "ymd"
+  std::string weekStart;        // "sat", "sun", "mon", or empty for what the language suggests
+  std::string swatch = "auto";  // or "always", "never"
+  std::string size;             // bytes of a record, or empty
   std::vector<std::string> operands;
   bool hijri = false;
   bool both = false;

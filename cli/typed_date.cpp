@@ -181,10 +181,6 @@ std::string Explanation(const TypedDate& typed) {
   return lines + Line(Say(reading.hijri ? Text::AsHijri : Text::AsGregorian));
 }
 
-JsonObject AsJson(const Refusal& refusal) {
-  return JsonObject().Add("rule", refusal.rule).Add("position", refusal.position).Add("text", refusal.text);
-}
-
 JsonObject AsJson(const std::string& input, const Date& day) {
   JsonObject object;
   object.Add("input", input);

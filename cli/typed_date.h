@@ -7,16 +7,9 @@
 #include <string>
 
 #include "date_text.h"
-#include "json.h"
+#include "refusal.h"
 
 namespace Cli {
-
-// Why a text was refused.
-struct Refusal {
-  const char* rule;  // one word, for programs
-  int position;      // of the first character that is wrong, from 1 on
-  std::string text;  // the sentence, in the user's language
-};
 
 struct TypedDate {
   std::string text;
@@ -32,8 +25,6 @@ void Complain(const TypedDate& typed, const std::string& where = {});
 // How the text was read, a line for each step, indented.
 std::string Explanation(const TypedDate& typed);
 
-// {"rule", "position", "text"}
-JsonObject AsJson(const Refusal& refusal);
 // {"input", "date", "gregorian", "hijri", "weekday", "error"}; what is not known is null.
 JsonObject AsJson(const std::string& input, const Qel::Sys::DateTime::Date& day);
 JsonObject AsJson(const std::string& input, const Refusal& refusal);

@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
@@ -34,6 +36,12 @@ bool WriteOutput(std::string_view text) {
 }
 bool WriteMessage(std::string_view text) {
   return Write(stderr, text);
+}
+
+bool OutputPaints() {
+  const char* const terminal = std::getenv("TERM");
+  const char* const refused = std::getenv("NO_COLOR");  // by the user, for every program
+  return isatty(STDOUT_FILENO) && terminal && std::string_view(terminal) != "dumb" && !(refused && *refused);
 }
 
 bool ReadInputLine(std::string& line) {

@@ -20,6 +20,9 @@ std::string UserLanguage();
 bool WriteOutput(std::string_view text);
 bool WriteMessage(std::string_view text);
 
+// Whether the output is a terminal that paints what it is told to.
+bool OutputPaints();
+
 // The next line of the input without its end ("\n" or "\r\n"); false when there is none.
 bool ReadInputLine(std::string& line);
 

@@ -92,6 +92,12 @@ bool WriteMessage(std::string_view text) {
   return Write(STD_ERROR_HANDLE, stderr, text);
 }
 
+bool OutputPaints() {
+  const HANDLE output = GetStdHandle(STD_OUTPUT_HANDLE);
+  DWORD mode = 0;
+  return GetConsoleMode(output, &mode) && SetConsoleMode(output, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
+}
+
 bool ReadInputLine(std::string& line) {
   const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
   const bool read =
