@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <chrono>
+#include <utility>
 
 #include "store.h"
 #include "store_aside.h"
@@ -90,9 +91,16 @@ LONG BuildHiddenStore(const std::string& file, StorePlace place, Database& store
   return Store::StatusOf(code);
 }
 
+LONG FinishHiddenStore(const std::string& file, Database store) {
+  // What its log holds is not part of the file yet; and closing would not say that the disk is full.
+  const int code =
+      sqlite3_wal_checkpoint_v2(store.get(), "main", SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
+  store.reset();
+  return code == SQLITE_OK ? SyncToDisk(HiddenName(file), O_RDWR) : Store::StatusOf(code);
+}
+
 LONG ShowHiddenStore(const std::string& file) {
   const std::string hidden = HiddenName(file);
-  if (const LONG status = SyncToDisk(hidden, O_RDWR)) return status;
   // An empty file gives way; and so that no other does, the new one is never put over it.
   if (StoreIsMissing(file)) unlink(file.c_str());
   if (link(hidden.c_str(), file.c_str()) != 0 && errno != EEXIST) return StatusOfError(errno);
@@ -110,6 +118,6 @@ LONG CreateStore(const std::string& file, StorePlace place) {
   if (const LONG status = MoveStrayLogAside(file)) return status;
   Database store;
   if (const LONG status = BuildHiddenStore(file, place, store)) return status;
-  store.reset();
-  return ShowHiddenStore(file);
+  const LONG status = FinishHiddenStore(file, std::move(store));
+  return status ? status : ShowHiddenStore(file);
 }

@@ -16,9 +16,10 @@ bool StoreIsMissing(const std::string& file);
 // Makes the store, and its folder, unless somebody else has. 0 or the registry's code.
 LONG CreateStore(const std::string& file, StorePlace place);
 
-// The same in two steps for whoever holds the store's lock and has rows to put in: a store that nobody sees, in
-// `store`, and putting it in its place once it is closed.
+// The same in steps, for whoever holds the store's lock and has rows to put in: a store that nobody sees, in `store`;
+// closed and on the disk; in its place.
 LONG BuildHiddenStore(const std::string& file, StorePlace place, Database& store);
+LONG FinishHiddenStore(const std::string& file, Database store);
 LONG ShowHiddenStore(const std::string& file);
 
 #endif  // QEL_PLATFORM_LINUX_REGISTRY_STORE_CREATE_H

@@ -122,6 +122,20 @@ int CheckStore(sqlite3* database, std::int64_t& version) {
   return code == SQLITE_OK && tables != 3 ? SQLITE_CORRUPT : code;
 }
 
+std::string FindFault(sqlite3* database) {
+  std::int64_t version = 0;
+  const int code = CheckStore(database, version);
+  if (IsDamage(code)) return sqlite3_errstr(code);
+  if (code != SQLITE_OK || version > kUserVersion) return "";
+  const Statement check = Prepare(database, "PRAGMA integrity_check(1)");
+  const int stepped = check ? sqlite3_step(check.get()) : sqlite3_extended_errcode(database);
+  if (stepped != SQLITE_ROW) return IsDamage(stepped) ? sqlite3_errstr(stepped) : "";
+  const auto* const column = reinterpret_cast<const char*>(sqlite3_column_text(check.get(), 0));
+  const std::string answer = column ? column : "ok";
+  // The last line says it; one before names the database, which is always the same.
+  return answer == "ok" ? "" : answer.substr(answer.rfind('\n') + 1);
+}
+
 OpenedStore OpenStore(const std::string& file, StorePlace place) {
   const StoreMark mark = MarkOf(file);
   if (StoreIsMissing(file)) return OpenEmpty(mark, place);

@@ -35,4 +35,7 @@ OpenedStore OpenStore(const std::string& file, StorePlace place);
 // for a damaged one, or why it cannot be read; `version` is that of its layout.
 int CheckStore(sqlite3* database, std::int64_t& version);
 
+// What a look at every page of an open database finds damaged first; empty when nothing is.
+std::string FindFault(sqlite3* database);
+
 #endif  // QEL_PLATFORM_LINUX_REGISTRY_STORE_OPEN_H

@@ -1,35 +1,20 @@
 #include "store_repair.h"
 
 #include <array>
-#include <atomic>
 #include <cstdio>
-#include <cstring>
 #include <ctime>
+#include <utility>
 
 #include "iappcontext.h"
 #include "store.h"
 #include "store_aside.h"
 #include "store_create.h"
 #include "store_file_lock.h"
+#include "store_open.h"
 #include "store_salvage.h"
-#include "store_schema.h"
-#include "store_status.h"
 #include "store_text.h"
 
 namespace {
-
-// What is wrong with the store as a whole; empty when nothing is.
-std::string FindDamage(sqlite3* database) {
-  std::int64_t version = 0;
-  const int code = CheckStore(database, version);
-  if (IsDamage(code)) return sqlite3_errstr(code);
-  if (code != SQLITE_OK || version > kUserVersion) return "";
-  const Statement check = Prepare(database, "PRAGMA integrity_check(1)");
-  const int stepped = check ? sqlite3_step(check.get()) : sqlite3_extended_errcode(database);
-  if (stepped != SQLITE_ROW) return IsDamage(stepped) ? sqlite3_errstr(stepped) : "";
-  const auto* const answer = reinterpret_cast<const char*>(sqlite3_column_text(check.get(), 0));
-  return answer && std::strcmp(answer, "ok") != 0 ? answer : "";
-}
 
 std::string Now() {
   const std::time_t now = std::time(nullptr);
@@ -40,25 +25,27 @@ std::string Now() {
   return text.data();
 }
 
-void NoteEvent(sqlite3* database, const std::string& text) {
+int NoteEvent(sqlite3* database, const std::string& text) {
   const Statement insert = Prepare(database, "INSERT INTO event(time, text) VALUES(?, ?)");
   const std::string now = Now();
   sqlite3_bind_text(insert.get(), 1, now.c_str(), -1, SQLITE_STATIC);
   sqlite3_bind_text(insert.get(), 2, text.c_str(), -1, SQLITE_STATIC);
-  RunOnce(insert.get());
+  return RunOnce(insert.get());
 }
 
 LONG Replace(sqlite3* damaged, const std::string& file, StorePlace place, const std::string& damage,
              std::string& account) {
   Database fresh;
   if (const LONG status = BuildHiddenStore(file, place, fresh)) return status;
-  const Salvaged saved = Salvage(damaged, fresh.get());
+  Salvaged saved;
+  if (const int code = Salvage(damaged, fresh.get(), saved)) return Store::StatusOf(code);
   const std::string aside = NameAside(file);
   const std::string text = "The settings store was damaged (" + damage + ") and is kept as " + aside + ". " +
                            std::to_string(saved.keys) + " keys and " + std::to_string(saved.values) +
                            " values were saved from it.";
-  NoteEvent(fresh.get(), text);
-  fresh.reset();
+  if (const int code = NoteEvent(fresh.get(), text); code != SQLITE_DONE) return Store::StatusOf(code);
+  // Nothing is moved before the new one is there to take the place.
+  if (const LONG status = FinishHiddenStore(file, std::move(fresh))) return status;
   if (const LONG status = MoveAside(file, aside)) return status;
   if (const LONG status = ShowHiddenStore(file)) return status;
   account = text;
@@ -74,7 +61,7 @@ LONG RepairStore(const std::string& file, StorePlace place, std::string& account
   if (const int code = OpenDatabase(file.c_str(), SQLITE_OPEN_READWRITE, damaged))
     return Store::StatusOf(code);
   LeaveLogAtClose(damaged.get());
-  const std::string damage = FindDamage(damaged.get());
+  const std::string damage = FindFault(damaged.get());
   if (damage.empty()) return 0;
   // Where it still can be locked, nobody writes to it between the saving and the moving.
   Execute(damaged.get(), "BEGIN IMMEDIATE");
@@ -82,8 +69,7 @@ LONG RepairStore(const std::string& file, StorePlace place, std::string& account
 }
 
 void TellOfRepair(const std::string& account) {
-  static std::atomic<bool> s_Told{false};
-  if (!s_Told.exchange(true)) std::fprintf(stderr, "%s\n", account.c_str());
+  std::fprintf(stderr, "%s\n", account.c_str());
   if (IAppContext::IsValidAppContext())
     IAppContext::GetAppContext()->GetSysError()->SetLastError(WideFromUtf8(account).c_str());
 }

@@ -10,7 +10,7 @@
 // opened again, and `account` tells what was done, when it was done here; else why nothing was.
 LONG RepairStore(const std::string& file, StorePlace place, std::string& account);
 
-// Tells the program of it: the context's last error, when there is a context, and once the error output.
+// Tells the program of it: the error output, and the context's last error when there is a context.
 void TellOfRepair(const std::string& account);
 
 #endif  // QEL_PLATFORM_LINUX_REGISTRY_STORE_REPAIR_H

@@ -23,12 +23,6 @@ LONG WhyNotMade(std::string folder) {
   return access(folder.c_str(), W_OK) == 0 ? 0 : StatusOfError(errno);
 }
 
-std::wstring FirstFault(sqlite3* store) {
-  const Statement check = Prepare(store, "PRAGMA integrity_check(1)");
-  const int code = check ? sqlite3_step(check.get()) : sqlite3_extended_errcode(store);
-  return code == SQLITE_ROW ? Column(check.get(), 0) : WideFromUtf8(sqlite3_errstr(code));
-}
-
 std::vector<StoreReport::Event> Events(sqlite3* store) {
   std::vector<StoreReport::Event> events;
   const Statement rows = Prepare(store, "SELECT time, text FROM event ORDER BY id");
@@ -43,7 +37,8 @@ void Describe(OpenedStore& opened, StoreReport& report) {
   report.access =
       opened.access == StoreAccess::Copy ? StoreReport::Access::Copy : StoreReport::Access::Shared;
   report.version = static_cast<int>(version);
-  report.integrity = FirstFault(opened.connection.get());
+  const std::string fault = FindFault(opened.connection.get());
+  report.integrity = fault.empty() ? L"ok" : WideFromUtf8(fault);
   report.events = Events(opened.connection.get());
   report.whyNotWritten = opened.whyNotWritten;
 }

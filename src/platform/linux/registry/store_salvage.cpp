@@ -23,24 +23,25 @@ constexpr Table kValues = {
 constexpr Table kEvents = {"SELECT id, time, text FROM event ORDER BY id ",
                            "INSERT OR IGNORE INTO event(id, time, text) VALUES(?, ?, ?)", 3};
 
-void CopyRows(sqlite3* source, sqlite3* target, const Table& table, const char* direction) {
+int CopyRows(sqlite3* source, sqlite3* target, const Table& table, const char* direction) {
   const Statement rows = Prepare(source, (std::string(table.rows) + direction).c_str());
   const Statement insert = Prepare(target, table.insert);
-  if (!rows || !insert) return;
-  while (sqlite3_step(rows.get()) == SQLITE_ROW) {
+  int code = SQLITE_DONE;
+  while (rows && code == SQLITE_DONE && sqlite3_step(rows.get()) == SQLITE_ROW) {
     for (int i = 0; i < table.columns; ++i)
       sqlite3_bind_value(insert.get(), i + 1, sqlite3_column_value(rows.get(), i));
-    RunOnce(insert.get());
+    code = RunOnce(insert.get());
   }
+  return code == SQLITE_DONE ? SQLITE_OK : code;
 }
 
-void CopyTable(sqlite3* source, sqlite3* target, const Table& table) {
-  CopyRows(source, target, table, "ASC");
-  CopyRows(source, target, table, "DESC");
+int CopyTable(sqlite3* source, sqlite3* target, const Table& table) {
+  const int code = CopyRows(source, target, table, "ASC");
+  return code == SQLITE_OK ? CopyRows(source, target, table, "DESC") : code;
 }
 
-void RemoveOrphans(sqlite3* target) {
-  Execute(target, R"(
+int RemoveOrphans(sqlite3* target) {
+  return Execute(target, R"(
 CREATE TEMP TABLE reached AS WITH RECURSIVE found(id) AS (
   SELECT id FROM key WHERE parent = 0 AND id < 4 UNION SELECT key.id FROM key JOIN found ON key.parent = found.id)
   SELECT id FROM found;
@@ -50,25 +51,29 @@ DROP TABLE reached;)");
 }
 
 // The next id is beyond all that the damaged store has given, as far as it still tells.
-void ContinueIds(sqlite3* source, sqlite3* target) {
+int ContinueIds(sqlite3* source, sqlite3* target) {
   std::int64_t last = 0;
-  if (ReadNumber(source, "SELECT seq FROM sqlite_sequence WHERE name = 'key'", last) != SQLITE_OK) return;
+  if (ReadNumber(source, "SELECT seq FROM sqlite_sequence WHERE name = 'key'", last) != SQLITE_OK)
+    return SQLITE_OK;
   const std::string next = std::to_string(last);
-  Execute(target, ("UPDATE sqlite_sequence SET seq = max(seq, " + next + ") WHERE name = 'key'").c_str());
+  return Execute(target,
+                 ("UPDATE sqlite_sequence SET seq = max(seq, " + next + ") WHERE name = 'key'").c_str());
 }
 
 }  // namespace
 
-Salvaged Salvage(sqlite3* source, sqlite3* target) {
+int Salvage(sqlite3* source, sqlite3* target, Salvaged& salvaged) {
   // Lets SQLite read a file that is shorter than it should be.
   Execute(source, "PRAGMA writable_schema = ON");
-  Execute(target, "BEGIN");
-  for (const Table* const table : {&kKeys, &kValues, &kEvents}) CopyTable(source, target, *table);
-  RemoveOrphans(target);
-  ContinueIds(source, target);
-  Salvaged salvaged;
-  if (Execute(target, "COMMIT") != SQLITE_OK) return salvaged;
-  ReadNumber(target, "SELECT COUNT(*) FROM key WHERE parent <> 0", salvaged.keys);
-  ReadNumber(target, "SELECT COUNT(*) FROM value", salvaged.values);
-  return salvaged;
+  int code = Execute(target, "BEGIN");
+  for (const Table* const table : {&kKeys, &kValues, &kEvents}) {
+    if (code == SQLITE_OK) code = CopyTable(source, target, *table);
+  }
+  if (code == SQLITE_OK) code = RemoveOrphans(target);
+  if (code == SQLITE_OK) code = ContinueIds(source, target);
+  if (code == SQLITE_OK) code = Execute(target, "COMMIT");
+  if (code == SQLITE_OK)
+    code = ReadNumber(target, "SELECT COUNT(*) FROM key WHERE parent <> 0", salvaged.keys);
+  if (code == SQLITE_OK) code = ReadNumber(target, "SELECT COUNT(*) FROM value", salvaged.values);
+  return code;
 }

@@ -13,6 +13,7 @@ struct Salvaged {
 
 // Copies into `target`, an empty store, every key and value that a row-by-row read of `source` gives and that has a
 // way up to a root. Keys keep their ids, so that open handles still mean them.
-Salvaged Salvage(sqlite3* source, sqlite3* target);
+// Result: SQLITE_OK, or why `target` could not take them.
+int Salvage(sqlite3* source, sqlite3* target, Salvaged& salvaged);
 
 #endif  // QEL_PLATFORM_LINUX_REGISTRY_STORE_SALVAGE_H
