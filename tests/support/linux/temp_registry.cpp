@@ -2,8 +2,11 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <mutex>
 #include <stdexcept>
 #include <vector>
+
+#include "platform/linux/registry/store.h"
 
 namespace {
 
@@ -32,6 +35,8 @@ struct Folders {
       unsetenv(kFolderVariable);
     else
       setenv(kFolderVariable, folder.c_str(), 1);
+    const std::lock_guard lock(StoreLock());
+    for (const StorePlace place : {StorePlace::User, StorePlace::Machine}) Store::Of(place).Close();
   }
 };
 

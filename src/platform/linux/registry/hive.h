@@ -1,0 +1,89 @@
+// One tree of keys and values over a store: reads from memory as long as nobody has changed the store, and changes as
+// short transactions. What callers' handles, accesses and buffers ask for is the business of registry.cpp.
+//
+// Guarded by StoreLock(). Keys are named by their rows; 1018 is the answer for one that is gone. Views are valid until
+// the next call.
+#ifndef QEL_PLATFORM_LINUX_REGISTRY_HIVE_H
+#define QEL_PLATFORM_LINUX_REGISTRY_HIVE_H
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "key_snapshot.h"
+#include "names.h"
+#include "rows.h"
+
+// A key by its row, and how far below its root it is.
+struct KeyPlace {
+  std::int64_t row = 0;
+  unsigned depth = 0;
+};
+
+struct ValueView {
+  std::u16string_view name;  // empty where the value was found by its name
+  DWORD type = 0;
+  std::string_view data;
+};
+
+struct KeyExtents {
+  KeyCounts counts;
+  DWORD longestSubKey = 0, longestValueName = 0;  // units
+  DWORD largestData = 0;                          // bytes
+};
+
+class Hive {
+ public:
+  static Hive& Of(StorePlace place);
+
+  // 2 no such key, 87 a name too long or too deep. An empty path is `base`.
+  LONG FindKey(const KeyPlace& base, std::wstring_view path, KeyPlace& found);
+  LONG Count(std::int64_t key, KeyCounts& counts);
+  LONG Measure(std::int64_t key, KeyExtents& extents);
+  // 2 no such value.
+  LONG ReadValue(std::int64_t key, const FoldedName& name, ValueView& value);
+  // 259 behind the last.
+  LONG ReadValueAt(std::int64_t key, DWORD index, ValueView& value);
+  LONG ReadSubKeyAt(std::int64_t key, DWORD index, std::u16string_view& name);
+
+  // Creates what is missing of the path.
+  LONG CreateKey(const KeyPlace& base, std::wstring_view path, KeyPlace& found, bool& created);
+  // 5 for a root and for a key with sub-keys.
+  LONG DeleteKey(const KeyPlace& base, std::wstring_view path);
+  LONG WriteValue(std::int64_t key, std::wstring_view name, DWORD type, std::string_view data);
+  LONG DeleteValue(std::int64_t key, const FoldedName& name);
+
+  // Changes until EndChanges are one transaction. May be nested; the outermost decides, and keeps nothing when an
+  // inner one did not or the store failed.
+  LONG BeginChanges();
+  LONG EndChanges(bool keep);
+  bool IsChanging() const noexcept { return m_Nested != 0; }
+
+  LONG Flush();
+
+ private:
+  explicit Hive(StorePlace place) : m_Rows(place) {}
+
+  LONG Prepare();
+  void ForgetAll();
+  LONG CheckKey(std::int64_t key);
+  LONG Load(std::int64_t key, KeySnapshot*& snapshot);
+  LONG LoadValues(std::int64_t key, KeySnapshot*& snapshot);
+  LONG LoadSubKeys(std::int64_t key, KeySnapshot*& snapshot);
+  LONG View(const HeldValue& value, ValueView& view);
+  // Runs `body` as a transaction, or within the one that is open.
+  template <class Body>
+  LONG Change(Body body);
+
+  Rows m_Rows;
+  StoreState m_State;        // what the store was like when it was last looked at
+  std::uint64_t m_Seen = 0;  // counts the states that were different
+  std::uint64_t m_Generation = 0;
+  std::unordered_map<std::int64_t, KeySnapshot> m_Keys;
+  std::string m_Data;  // of the value that was read last, where no snapshot holds it
+  unsigned m_Nested = 0;
+  bool m_Dropped = false;  // the open transaction is not to be kept
+};
+
+#endif  // QEL_PLATFORM_LINUX_REGISTRY_HIVE_H
