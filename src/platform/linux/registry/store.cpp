@@ -8,6 +8,7 @@
 #include "store_create.h"
 #include "store_fork.h"
 #include "store_repair.h"
+#include "store_schema.h"
 #include "store_status.h"
 
 namespace {
@@ -49,6 +50,7 @@ LONG Store::StatusOf(int sqlite) noexcept {
     case SQLITE_FULL:
       return kDiskFull;
     case SQLITE_BUSY:
+    case SQLITE_PROTOCOL:  // others held it for all of SQLite's own patience
     case SQLITE_LOCKED:
       return kStoreBusy;
     case SQLITE_PERM:
@@ -145,14 +147,20 @@ LONG Store::BeginWrite() {
   for (int i = 0; i < kAttempts; ++i) {
     if (const LONG status = OpenToWrite()) return status;
     if (const LONG status = Begin()) return status;
-    // A file that was put aside before the lock was had: what is written there would be lost.
-    if (!HasMoved()) {
-      m_Begun = State();
-      return 0;
-    }
+    m_Begun = State();
+    if (MayWriteOn()) return 0;
     Close();
   }
   return kStoreFailed;
+}
+
+// With the lock in hand: a change to a file that was put aside before would be lost, and a newer program may have made
+// the store its own. Who wrote last knows that nobody has.
+bool Store::MayWriteOn() {
+  if (HasMoved()) return false;
+  std::int64_t version = 0;
+  return m_Begun == m_Left ||
+         (ReadNumber(Connection(), "PRAGMA user_version", version) == SQLITE_OK && version <= kUserVersion);
 }
 
 LONG Store::OpenToWrite() {
@@ -223,5 +231,19 @@ void Store::Rollback() {
 LONG Store::Flush() {
   if (const LONG status = Open()) return status;
   if (m_Opened.access != StoreAccess::Shared || m_Opened.whyNotWritten != 0) return 0;
-  return Failed(sqlite3_wal_checkpoint_v2(Connection(), "main", SQLITE_CHECKPOINT_FULL, nullptr, nullptr));
+  // What is in the log now has to be moved; the passive way, which keeps no writer out, may take more than one go.
+  int wanted = -1;
+  for (int i = 0;; ++i) {
+    int logged = 0;
+    int moved = 0;
+    const int code =
+        sqlite3_wal_checkpoint_v2(Connection(), "main", SQLITE_CHECKPOINT_PASSIVE, &logged, &moved);
+    if (code != SQLITE_OK && code != SQLITE_BUSY) return Failed(code);
+    if (code == SQLITE_OK) {
+      if (wanted < 0) wanted = logged;
+      // A log that has become shorter has been started over, all of it having been moved.
+      if (moved >= wanted || logged < wanted) return 0;
+    }
+    if (!WaitForOthers(i)) return kStoreBusy;
+  }
 }

@@ -72,6 +72,7 @@ class Store {
   LONG OpenToWrite();
   LONG Begin();
   bool HasMoved() const;
+  bool MayWriteOn();
   void ChooseDurability();
   StoreState StateLeft();
 

@@ -55,14 +55,6 @@ LONG MakeHiddenFile(const std::string& name, StorePlace place) {
   return status;
 }
 
-LONG SyncToDisk(const std::string& name, int flags) {
-  const int handle = open(name.c_str(), flags | O_CLOEXEC);
-  if (handle < 0) return StatusOfError(errno);
-  const LONG status = fsync(handle) == 0 ? 0 : StatusOfError(errno);
-  close(handle);
-  return status;
-}
-
 }  // namespace
 
 Database EmptyStore(StorePlace place) {
@@ -96,7 +88,7 @@ LONG FinishHiddenStore(const std::string& file, Database store) {
   const int code =
       sqlite3_wal_checkpoint_v2(store.get(), "main", SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
   store.reset();
-  return code == SQLITE_OK ? SyncToDisk(HiddenName(file), O_RDWR) : Store::StatusOf(code);
+  return code == SQLITE_OK ? SyncFile(HiddenName(file)) : Store::StatusOf(code);
 }
 
 LONG ShowHiddenStore(const std::string& file) {
@@ -105,7 +97,8 @@ LONG ShowHiddenStore(const std::string& file) {
   if (StoreIsMissing(file)) unlink(file.c_str());
   if (link(hidden.c_str(), file.c_str()) != 0 && errno != EEXIST) return StatusOfError(errno);
   unlink(hidden.c_str());
-  return SyncToDisk(file.substr(0, file.rfind('/')), O_RDONLY | O_DIRECTORY);
+  SyncFolderOf(file);
+  return 0;
 }
 
 LONG CreateStore(const std::string& file, StorePlace place) {

@@ -14,6 +14,7 @@
 namespace {
 
 constexpr std::size_t kNumbersOfFile = 5;
+constexpr int kReadings = 10;
 
 void MarkFile(const std::string& name, std::uint64_t* numbers) {
   struct stat state {};
@@ -86,16 +87,17 @@ bool MayBeCopied(int code) {
   return !IsDamage(code) && (code & 0xFF) != SQLITE_BUSY && (code & 0xFF) != SQLITE_NOMEM;
 }
 
-// Read again when it changed while it was read.
+// Read again when it changed while it was read; not for ever, since what keeps changing may be had in another way.
 void OpenCopy(const std::string& file, OpenedStore& opened) {
   for (const auto copy : {CopyAlone, CopyUnchanging, CopyWithLog}) {
-    do {
+    for (int i = 0; i < kReadings; ++i) {
       opened.mark = MarkOf(file);
       opened.code = copy(file, opened.connection);
-    } while (opened.code == SQLITE_OK && MarkOf(file) != opened.mark);
-    if (opened.code == SQLITE_OK) {
+      if (opened.code != SQLITE_OK) break;
       opened.access = StoreAccess::Copy;
-      return;
+      if (MarkOf(file) == opened.mark) return;
+      opened.connection.reset();
+      opened.code = SQLITE_BUSY;
     }
   }
 }

@@ -1,9 +1,11 @@
 #include "store_place.h"
 
+#include <fcntl.h>
 #include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdlib>
@@ -52,10 +54,27 @@ LONG MakeStoreFolder(const std::string& file, StorePlace place) {
     const std::string folder = file.substr(0, end);
     struct stat state {};
     // Asked first: to make a folder that is there fails in other ways where nothing may be made.
-    if (stat(folder.c_str(), &state) != 0 && mkdir(folder.c_str(), mode) != 0 && errno != EEXIST)
-      return StatusOfError(errno);
+    if (stat(folder.c_str(), &state) == 0) continue;
+    if (mkdir(folder.c_str(), mode) != 0 && errno != EEXIST) return StatusOfError(errno);
+    SyncFolderOf(folder);
   }
   return 0;
+}
+
+LONG SyncFile(const std::string& name) {
+  const int handle = open(name.c_str(), O_RDWR | O_CLOEXEC);
+  if (handle < 0) return StatusOfError(errno);
+  const LONG status = fsync(handle) == 0 ? 0 : StatusOfError(errno);
+  close(handle);
+  return status;
+}
+
+void SyncFolderOf(const std::string& file) {
+  const std::string folder = file.substr(0, std::max<std::size_t>(file.rfind('/'), 1));
+  const int handle = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (handle < 0) return;
+  fsync(handle);
+  close(handle);
 }
 
 LONG StatusOfError(int error) {

@@ -23,6 +23,11 @@ constexpr mode_t StoreFileMode(StorePlace place) {
 // Makes the folder that `file` is in, and those above it. 0 or the registry's code.
 LONG MakeStoreFolder(const std::string& file, StorePlace place);
 
+// Waits until the content of a file is on the disk. 0 or the registry's code.
+LONG SyncFile(const std::string& name);
+// The same for the names in the folder that `file` is in, as far as the file system can.
+void SyncFolderOf(const std::string& file);
+
 // The registry's code for what the system answered: 5, 112 or 1016.
 LONG StatusOfError(int error);
 

@@ -13,25 +13,29 @@ std::int64_t Nanoseconds() {
   return std::int64_t{now.tv_sec} * 1'000'000'000 + now.tv_nsec;
 }
 
-// Short sleeps all the way: SQLite's own handler sleeps longer each time, and a writer that has waited long then loses
-// to every one that has just come.
-int WaitForOthers(void*, int count) {
-  static thread_local std::int64_t t_Start = 0;
-  if (count == 0) t_Start = Nanoseconds();
-  if (Nanoseconds() - t_Start > kLongestWait) return 0;
-  const timespec pause{0, (count == 0 ? 20 : 200) * kMicrosecond};
-  nanosleep(&pause, nullptr);
-  return 1;
+int OnBusy(void*, int count) {
+  return WaitForOthers(count);
 }
 
 }  // namespace
+
+// Short sleeps all the way: SQLite's own handler sleeps longer each time, and a writer that has waited long then loses
+// to every one that has just come.
+bool WaitForOthers(int count) {
+  static thread_local std::int64_t t_Start = 0;
+  if (count == 0) t_Start = Nanoseconds();
+  if (Nanoseconds() - t_Start > kLongestWait) return false;
+  const timespec pause{0, (count == 0 ? 20 : 200) * kMicrosecond};
+  nanosleep(&pause, nullptr);
+  return true;
+}
 
 int OpenDatabase(const char* name, int flags, Database& result) {
   sqlite3* opened = nullptr;
   const int code =
       sqlite3_open_v2(name, &opened, flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
   result.reset(opened);
-  if (opened) sqlite3_busy_handler(opened, WaitForOthers, nullptr);
+  if (opened) sqlite3_busy_handler(opened, OnBusy, nullptr);
   return code;
 }
 

@@ -21,6 +21,8 @@ struct DatabaseCloser {
 };
 using Database = std::unique_ptr<sqlite3, DatabaseCloser>;
 
+// Sleeps before the next attempt, the `count`th since somebody was in the way. False after 5 seconds.
+bool WaitForOthers(int count);
 // Opens `name` in the way that the flags say; nothing is read yet. Result: SQLite's code.
 int OpenDatabase(const char* name, int flags, Database& result);
 // Closing will neither empty the log nor remove it: quicker, and it changes no file.
