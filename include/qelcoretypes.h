@@ -34,6 +34,7 @@
 #include "qel_export.h"
 #include "report.h"
 #include "round.h"
+#include "settings_store.h"
 #include "string_resources.h"
 #include "string_tools.h"
 #include "strnewdup.h"

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform_types.h"
+#include "settings_store.h"
 
 // The library's own code page: Arabic, one byte a character.
 constexpr UINT kArabicCodePage = 1256;
@@ -40,24 +41,8 @@ LONG EndKeyChanges(HKEY key, bool keep);
 // (0xFFFFFFFF: no limit). A change since the last call on the same handle counts too.
 LONG WaitForKeyChange(HKEY key, DWORD milliseconds);
 
-// How the place stands where settings are kept, for those who look after the machine. To ask makes and repairs
-// nothing.
-struct StoreReport {
-  // Copy: its surroundings allow no more than to read a copy of it.
-  enum class Access { Missing, Shared, Copy, Unreadable };
-  struct Event {
-    std::wstring time;  // UTC, as 2026-11-23T01:37:51Z
-    std::wstring text;
-  };
-
-  std::wstring path;  // the file; on Windows the name of the registry's tree
-  Access access = Access::Missing;
-  LONG whyNotWritten = 0;     // 0 when it can be written, or made; else what writing answers
-  int version = 0;            // of its layout; 0 where there is none to be read, and on Windows
-  std::wstring integrity;     // "ok", or the first thing that a check of the whole finds wrong
-  std::vector<Event> events;  // what happened to it, oldest first
-};
-// The current user's settings, or those that all users of the machine share.
+// How the place stands where the current user's settings are kept, or those that all users of the machine share. To
+// ask makes and repairs nothing.
 StoreReport ReportOnStore(bool machine);
 
 #ifdef _WIN32

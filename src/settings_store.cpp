@@ -1,0 +1,7 @@
+#include "settings_store.h"
+
+#include "platform/platform.h"
+
+StoreReport DescribeSettingsStore(bool machine) {
+  return ReportOnStore(machine);
+}
