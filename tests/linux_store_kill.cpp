@@ -9,6 +9,7 @@
 #include <cstdio>
 #include <random>
 
+#include "platform/platform.h"
 #include "support/linux/raw_store.h"
 #include "support/temp_registry.h"
 
@@ -28,43 +29,61 @@ struct Shared {
   std::atomic<bool> stop;
 };
 
-std::string Insert(const std::string& name) {
-  return "INSERT INTO value(key, name, folded, type, data) VALUES(1, '" + name + "', CAST('" + name +
-         "' AS BLOB), 1, zeroblob(80));";
+HKEY Key(const std::wstring& name) {
+  HKEY key = nullptr;
+  RegCreateKeyExW(HKEY_CURRENT_USER, name.c_str(), 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr);
+  return key;
 }
 
-bool Change(const std::string& name) {
-  const std::lock_guard lock(StoreLock());
-  Store& store = UserStore();
-  if (store.BeginWrite() != 0) return false;
-  std::string sql;
-  for (int i = 0; i < kGroup; ++i) sql += Insert(name + "." + std::to_string(i));
-  return Execute(store.Connection(), sql.c_str()) == SQLITE_OK && store.Commit() == 0;
+std::wstring ValueName(int change, int value) {
+  return std::to_wstring(change) + L'.' + std::to_wstring(value);
 }
 
-// Values that start with `name`, which no other value does.
-std::int64_t Found(const std::string& name) {
-  return Count(("SELECT count(*) FROM value WHERE key = 1 AND folded BETWEEN CAST('" + name +
-                "' AS BLOB) AND CAST('" + name + "~' AS BLOB)")
-                   .c_str());
+// Several values, all or none.
+bool Change(HKEY key, int change) {
+  LONG status = BeginKeyChanges(key);
+  for (int i = 0; i < kGroup && status == 0; ++i)
+    status =
+        RegSetValueExW(key, ValueName(change, i).c_str(), 0, REG_DWORD, reinterpret_cast<BYTE*>(&change), 4);
+  return EndKeyChanges(key, status == 0) == 0 && status == 0;
 }
 
-int Write(const std::string& name, Shared& shared) {
+bool IsThere(HKEY key, int change) {
+  for (int i = 0; i < kGroup; ++i) {
+    int data = -1;
+    DWORD size = sizeof(data);
+    RegQueryValueExW(key, ValueName(change, i).c_str(), nullptr, nullptr, reinterpret_cast<BYTE*>(&data),
+                     &size);
+    if (data != change) return false;
+  }
+  return true;
+}
+
+int Values(HKEY key) {
+  DWORD values = 0;
+  return RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &values, nullptr,
+                          nullptr, nullptr, nullptr) == 0
+             ? static_cast<int>(values)
+             : -1;
+}
+
+int Write(const std::wstring& name, Shared& shared) {
+  const HKEY key = Key(name);
   for (int i = 0;; ++i) {
     shared.writing = true;
-    if (!Change(name + std::to_string(i))) ++shared.failures;
+    if (!Change(key, i)) ++shared.failures;
     ++shared.acknowledged;
     shared.writing = false;
-    if (i % 20 == 19 && UserStore().Flush() != 0) ++shared.failures;
+    if (i % 20 == 19 && RegFlushKey(key) != 0) ++shared.failures;
   }
 }
 
 int WriteBeside(Shared& shared) {
+  const HKEY key = Key(L"beside");
   while (!shared.stop) {
     const auto start = Clock::now();
-    const std::string name = "beside" + std::to_string(shared.beside) + ".";
-    if (!Change(name)) ++shared.failures;
-    if (Found(name) != kGroup) ++shared.failures;
+    if (!Change(key, shared.beside)) ++shared.failures;
+    if (!IsThere(key, shared.beside)) ++shared.failures;
     const auto taken = std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - start).count();
     if (taken > shared.longest) shared.longest = taken;
     ++shared.beside;
@@ -79,7 +98,7 @@ struct Result {
 };
 
 void KillOne(Shared& shared, std::mt19937& random, Result& result) {
-  const std::string name = "kill" + std::to_string(result.kills) + ".";
+  const std::wstring name = L"killed\\" + std::to_wstring(result.kills);
   shared.acknowledged = 0;
   const pid_t child = Start([&] { return Write(name, shared); });
   usleep(std::uniform_int_distribution<useconds_t>(0, 30'000)(random));
@@ -88,9 +107,13 @@ void KillOne(Shared& shared, std::mt19937& random, Result& result) {
   ++result.kills;
   result.inTheMiddle += shared.writing;
   result.acknowledged += shared.acknowledged;
-  const std::int64_t found = Found(name);
-  if (found < shared.acknowledged * kGroup) ++result.lost;
-  if (found % kGroup != 0 || found > (shared.acknowledged + 1) * kGroup) ++result.halves;
+  const int acknowledged = shared.acknowledged;
+  const HKEY key = Key(name);
+  const int found = Values(key);
+  for (int i = 0; i < acknowledged; i += 7) result.lost += !IsThere(key, i);
+  result.lost += found < acknowledged * kGroup;
+  result.halves += found % kGroup != 0 || found > (acknowledged + 1) * kGroup;
+  RegCloseKey(key);
 }
 
 }  // namespace
@@ -100,7 +123,6 @@ int main(int count, char** arguments) {
   const unsigned seed = std::random_device()();
   std::mt19937 random(seed);
   const TempRegistry registry;
-  Store::Forget();
   void* const memory =
       mmap(nullptr, sizeof(Shared), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
   auto& shared = *new (memory) Shared();
@@ -110,7 +132,7 @@ int main(int count, char** arguments) {
   while (result.kills < kills) KillOne(shared, random, result);
   shared.stop = true;
   const bool stuck = Wait(beside) != 0;
-  const bool allBeside = Found("beside") == shared.beside * kGroup;
+  const bool allBeside = Values(Key(L"beside")) == shared.beside * kGroup;
   const std::wstring integrity = ReportOnStore(false).integrity;
   std::printf("seed %u, %.1f s: %d writers killed, %d of them in the middle of a change\n", seed,
               std::chrono::duration<double>(Clock::now() - start).count(), result.kills, result.inTheMiddle);

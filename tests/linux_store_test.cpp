@@ -11,6 +11,7 @@
 
 #include "iappcontext.h"
 #include "platform/linux/registry/store_schema.h"
+#include "support/fresh_process.h"
 #include "support/linux/full_disk.h"
 #include "support/linux/raw_store.h"
 #include "support/temp_registry.h"
@@ -22,9 +23,7 @@ using Access = StoreReport::Access;
 
 class LinuxStoreTest : public testing::Test {
  protected:
-  LinuxStoreTest() { Store::Forget(); }
   ~LinuxStoreTest() override {
-    Store::Forget();
     UsePlainStateCheck(false);
     chmod(Folder().c_str(), 0700);
   }
@@ -391,16 +390,10 @@ TEST_F(LinuxStoreTest, TheContextIsToldOfADamagedStore) {
   struct Context : IAppContext {
     void InitContext() override {}
   };
-  ASSERT_EQ(Put("a", "1"), 0);
-  Store::Forget();
-  std::ofstream(File(), std::ios::binary) << std::string(5000, 'x');
-  EXPECT_EQ(Wait(Start([] {
-              CreateAppContext<Context>();
-              Get("a");
-              const CString told = IAppContext::GetAppContext()->GetSysError()->GetLastError();
-              return told.Find(L"user.db.damaged-") > 0 ? 0 : 1;
-            })),
-            0);
+  EXPECT_IN_FRESH_PROCESS(CreateAppContext<Context>();
+                          std::ofstream(File(), std::ios::binary) << std::string(5000, 'x'); Get("a");
+                          const CString told = IAppContext::GetAppContext()->GetSysError()->GetLastError();
+                          EXPECT_GT(told.Find(L"user.db.damaged-"), 0));
 }
 
 }  // namespace

@@ -59,10 +59,8 @@ bool HasEntries(const std::string& log) {
 
 class TemporaryFolder {
  public:
-  TemporaryFolder() {
-    std::error_code failed;
-    m_Name = (std::filesystem::temp_directory_path(failed) / "qelcoretypes-XXXXXX").string();
-    if (failed || !mkdtemp(m_Name.data())) m_Name.clear();
+  TemporaryFolder() : m_Name(Pattern()) {
+    if (!mkdtemp(m_Name.data())) m_Name.clear();
   }
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
@@ -74,6 +72,11 @@ class TemporaryFolder {
   const std::string& Name() const { return m_Name; }
 
  private:
+  static std::string Pattern() {
+    std::error_code failed;
+    return (std::filesystem::temp_directory_path(failed) / "qelcoretypes-XXXXXX").string();
+  }
+
   std::string m_Name;
 };
 

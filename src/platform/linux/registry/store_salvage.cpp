@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "store_schema.h"
+
 namespace {
 
 // Rows are read from both ends up to the first that cannot be: what is lost lies between two damaged places.
@@ -70,6 +72,7 @@ int Salvage(sqlite3* source, sqlite3* target, Salvaged& salvaged) {
     if (code == SQLITE_OK) code = CopyTable(source, target, *table);
   }
   if (code == SQLITE_OK) code = RemoveOrphans(target);
+  if (code == SQLITE_OK) code = Execute(target, kRecount);
   if (code == SQLITE_OK) code = ContinueIds(source, target);
   if (code == SQLITE_OK) code = Execute(target, "COMMIT");
   if (code == SQLITE_OK)
