@@ -241,18 +241,12 @@ TEST_F(DateTextTest, ValidDateFormatReadsInTheOrderAskedFor) {
     bool hijri, valid;
     const char* after;  // 9/8/1999 before
   } rows[] = {
-      {L"7-3-24", 0, kGreg, true, "7/3/2024"},
-      {L"7-3-24", 1, kHijri, true, "7/3/1424"},
-      {L"24-3-7", 2, kGreg, true, "7/3/2024"},
-      {L"24-3-7", 3, kGreg, true, "7/3/2024"},
-      {L"2024-3-7", 1, kGreg, false, "2024/3/2007"},
-      {L"7", 1, kGreg, true, "7/8/1999"},
-      {L"7", 3, kGreg, true, "9/8/2007"},
-      {L"", 1, kGreg, true, "9/8/1999"},
-      {nullptr, 1, kGreg, true, "9/8/1999"},
-      {L"7-3-24", 4, kGreg, true, "9/8/1999"},
-      {L"7-3-24", -1, kHijri, false, "9/8/1999"},
-      {L"1-1-0", 1, kHijri, false, "1/1/1400"},
+      {L"7-3-24", 0, kGreg, true, "7/3/2024"},    {L"7-3-24", 1, kHijri, true, "7/3/1424"},
+      {L"24-3-7", 2, kGreg, true, "7/3/2024"},    {L"24-3-7", 3, kGreg, true, "7/3/2024"},
+      {L"32-3-7", 1, kGreg, false, "32/3/2007"},  {L"7", 1, kGreg, true, "7/8/1999"},
+      {L"7", 3, kGreg, true, "9/8/2007"},         {L"", 1, kGreg, true, "9/8/1999"},
+      {nullptr, 1, kGreg, true, "9/8/1999"},      {L"7-3-24", 4, kGreg, true, "9/8/1999"},
+      {L"7-3-24", -1, kHijri, false, "9/8/1999"}, {L"1-1-0", 1, kHijri, false, "1/1/1400"},
       {L"1-1-100", 1, kGreg, false, "1/1/100"},
   };
   for (const auto& row : rows) {

@@ -141,19 +141,11 @@ TEST(StringToolsTest, EscapesTouchTheirOwnCharactersOnly) {
 
 TEST(StringToolsTest, IncCodeCountsUpAtTheEnd) {
   const wchar_t* const rows[][2] = {
-      {L"A009", L"A010"},
-      {L"A99", L"A100"},
-      {L"999", L"1000"},
-      {L"", L"1"},
-      {L"AB", L"AB1"},
-      {L"9A", L"9A1"},
-      {L"A1B9", L"A1B10"},
-      {L"0", L"1"},
-      {L"A٩", L"A٩1"},
-      {nullptr, L"1"},
-      {L"9999999999", L"10000000000"},
+      {L"A009", L"A010"}, {L"A99", L"A100"},   {L"999", L"1000"}, {L"", L"1"},     {L"AB", L"AB1"},
+      {L"9A", L"9A1"},    {L"A1B9", L"A1B10"}, {L"0", L"1"},      {L"A٩", L"A٩1"}, {nullptr, L"1"},
   };
   for (const auto& [code, next] : rows) EXPECT_EQ(IncCode(code), next);
+  EXPECT_EQ(IncCode(L"99999999999999999999"), L"100000000000000000000");
 }
 
 TEST(StringToolsTest, AccountsAreShownAsCodeAndName) {
