@@ -36,7 +36,7 @@ struct Folders {
     else
       setenv(kFolderVariable, folder.c_str(), 1);
     const std::lock_guard lock(StoreLock());
-    for (const StorePlace place : {StorePlace::User, StorePlace::Machine}) Store::Of(place).Close();
+    Store::Forget();
   }
 };
 

@@ -16,8 +16,9 @@ struct OpenKey {
   std::int64_t row = 0;
   unsigned depth = 0;  // 0 is a root
   REGSAM access = 0;
-  // What WaitForKeyChange saw last; 0 before its first call.
-  std::uint64_t watched = 0;
+  // What WaitForKeyChange saw last: the hive's count of changes, 0 before its first call, and the key's digest then.
+  std::uint64_t watchedChanges = 0;
+  std::uint64_t watchedDigest = 0;
 };
 
 // Null when the handle is null, closed or none of ours. Valid until the next handle is made.

@@ -8,6 +8,7 @@ namespace {
 
 // More than this and everything in memory is dropped before the next key is read in.
 constexpr std::size_t kMostHeld = std::size_t{64} << 20;
+constexpr std::size_t kMostKeys = 100'000;
 
 bool FitsKey(std::wstring_view part, const FoldedName& folded, unsigned depth) {
   return part.size() <= kLongestKeyName && folded.Units() <= kLongestKeyName && depth <= kDeepestKey;
@@ -22,25 +23,59 @@ Hive& Hive::Of(StorePlace place) {
   return place == StorePlace::User ? *s_User : *s_Machine;
 }
 
-// Makes the store readable and finds out whether what is in memory still holds.
-LONG Hive::Prepare() {
-  if (m_Nested != 0) return m_Rows.StillOpen() ? 0 : kStoreFailed;
+LONG Hive::Refresh() {
+  if (m_Nested != 0) return m_Rows.StillWriting() ? 0 : kStoreFailed;
   if (const LONG status = m_Rows.Open()) return status;
-  ForgetAll();
+  const StoreState state = m_Rows.File().State();
+  Follow(state, state == m_State);
   return 0;
 }
 
-void Hive::ForgetAll() {
+void Hive::Follow(const StoreState& state, bool same) {
+  const std::uint64_t generation = m_Rows.File().Generation();
+  if (generation != m_Generation || m_Held > kMostHeld || m_Keys.size() > kMostKeys) {
+    // Another connection may be one to another file, where a path leads elsewhere.
+    ForgetKeys();
+    m_Paths.Clear();
+    m_Generation = generation;
+  }
+  if (same) return;
+  m_State = state;
   ++m_Seen;
+  ++m_PathsSeen;
+  ++m_Changes;
 }
 
-LONG Hive::CheckKey(std::int64_t key) {
-  KeyCounts ignored;
-  return Count(key, ignored);
+void Hive::ForgetKeys() {
+  m_Keys.clear();
+  m_Held = 0;
+}
+
+LONG Hive::CountOf(std::int64_t key, KeySnapshot& snapshot) {
+  if (snapshot.countsSeen == m_Seen) return 0;
+  const LONG status = m_Rows.Count(key, snapshot.counts);
+  if (status == 0) snapshot.countsSeen = m_Seen;
+  return status;
 }
 
 LONG Hive::FindKey(const KeyPlace& base, std::wstring_view path, KeyPlace& found) {
-  if (const LONG status = Prepare()) return status;
+  if (const LONG status = Refresh()) return status;
+  std::uint64_t hash = 0;
+  PathCache::Entry& kept = m_Paths.At(base.row, path, hash);
+  if (PathCache::Holds(kept, hash, base.row, path)) {
+    found = kept.place;
+    if (kept.seen == m_PathsSeen) return 0;
+    if (CountOf(found.row, m_Keys[found.row]) == 0) {
+      kept.seen = m_PathsSeen;
+      return 0;
+    }
+  }
+  const LONG status = Walk(base, path, found);
+  if (status == 0) kept = {hash, base.row, std::wstring(path), found, m_PathsSeen};
+  return status;
+}
+
+LONG Hive::Walk(const KeyPlace& base, std::wstring_view path, KeyPlace& found) {
   found = base;
   PathParts parts(path);
   for (std::wstring_view part; parts.Next(part);) {
@@ -48,44 +83,53 @@ LONG Hive::FindKey(const KeyPlace& base, std::wstring_view path, KeyPlace& found
     if (!FitsKey(part, folded, ++found.depth)) return kInvalidParameter;
     const LONG status = m_Rows.FindKey(found.row, folded.Bytes(), found.row);
     if (status == kNotFound)
-      if (const LONG deleted = CheckKey(base.row)) return deleted;
+      if (const LONG deleted = CountOf(base.row, m_Keys[base.row])) return deleted;
     if (status != 0) return status;
   }
-  return found.depth == base.depth ? CheckKey(base.row) : 0;
+  return found.depth == base.depth ? CountOf(base.row, m_Keys[base.row]) : 0;
 }
 
 LONG Hive::Count(std::int64_t key, KeyCounts& counts) {
-  if (const LONG status = Prepare()) return status;
-  return m_Rows.Count(key, counts);
-}
-
-LONG Hive::Load(std::int64_t key, KeySnapshot*& snapshot) {
-  if (const LONG status = Prepare()) return status;
-  snapshot = &m_Keys[key];
+  if (const LONG status = Refresh()) return status;
+  KeySnapshot& snapshot = m_Keys[key];
+  if (const LONG status = CountOf(key, snapshot)) return status;
+  counts = snapshot.counts;
   return 0;
 }
 
-LONG Hive::LoadValues(std::int64_t key, KeySnapshot*& snapshot) {
-  if (const LONG status = Load(key, snapshot)) return status;
-  if (snapshot->valuesSeen == m_Seen) return 0;
-  snapshot->ClearValues();
-  snapshot->valuesSeen = 0;
-  const LONG status = m_Rows.EachValue(key, [&](const ValueRow& row) { snapshot->Add(row); });
-  if (status != 0) return status;
-  snapshot->SortValues();
-  snapshot->valuesSeen = m_Seen;
-  return snapshot->Values() == 0 ? CheckKey(key) : 0;
+// The first read of a key after somebody else's change asks the store. To read the key in pays only when it is read
+// again before the next change, and for a large one, when it is read often: beside a process that keeps writing, no
+// read then costs more than twice what the store takes.
+bool Hive::IsWorthLoading(KeySnapshot& snapshot) const {
+  constexpr std::size_t kValuesPerRead = 16;  // that can be read in in the time of one read from the store
+  if (snapshot.readsSeen != m_Seen) {
+    snapshot.readsSeen = m_Seen;
+    snapshot.reads = 0;
+  }
+  return ++snapshot.reads > 1 + snapshot.counts.values / kValuesPerRead;
 }
 
-LONG Hive::LoadSubKeys(std::int64_t key, KeySnapshot*& snapshot) {
-  if (const LONG status = Load(key, snapshot)) return status;
-  if (snapshot->subKeysSeen == m_Seen) return 0;
-  snapshot->ClearSubKeys();
-  snapshot->subKeysSeen = 0;
-  const LONG status = m_Rows.EachKey(key, [&](const KeyRow& row) { snapshot->Add(row); });
-  if (status != 0) return status;
-  snapshot->subKeysSeen = m_Seen;
-  return snapshot->SubKeys() == 0 ? CheckKey(key) : 0;
+LONG Hive::LoadValues(std::int64_t key, KeySnapshot& snapshot) {
+  if (snapshot.valuesSeen == m_Seen) return 0;
+  if (const LONG status = CountOf(key, snapshot)) return status;
+  m_Held -= snapshot.Weight();
+  snapshot.ClearValues();
+  snapshot.valuesSeen = 0;
+  const LONG status = m_Rows.EachValue(key, [&](const ValueRow& row) { snapshot.Add(row); });
+  snapshot.SortValues();
+  m_Held += snapshot.Weight();
+  if (status == 0) snapshot.valuesSeen = m_Seen;
+  return status;
+}
+
+LONG Hive::LoadSubKeys(std::int64_t key, KeySnapshot& snapshot) {
+  if (snapshot.subKeysSeen == m_Seen) return 0;
+  if (const LONG status = CountOf(key, snapshot)) return status;
+  snapshot.ClearSubKeys();
+  snapshot.subKeysSeen = 0;
+  const LONG status = m_Rows.EachKey(key, [&](const KeyRow& row) { snapshot.Add(row); });
+  if (status == 0) snapshot.subKeysSeen = m_Seen;
+  return status;
 }
 
 LONG Hive::View(const HeldValue& value, ValueView& view) {
@@ -97,44 +141,58 @@ LONG Hive::View(const HeldValue& value, ValueView& view) {
 }
 
 LONG Hive::Measure(std::int64_t key, KeyExtents& extents) {
-  KeySnapshot* snapshot = nullptr;
+  if (const LONG status = Refresh()) return status;
+  KeySnapshot& snapshot = m_Keys[key];
   if (const LONG status = LoadValues(key, snapshot)) return status;
   if (const LONG status = LoadSubKeys(key, snapshot)) return status;
-  extents = {{static_cast<DWORD>(snapshot->SubKeys()), static_cast<DWORD>(snapshot->Values())}, 0, 0, 0};
+  extents = {{static_cast<DWORD>(snapshot.SubKeys()), static_cast<DWORD>(snapshot.Values())}, 0, 0, 0};
   const auto raise = [](DWORD& longest, std::size_t length) {
     longest = std::max(longest, static_cast<DWORD>(length));
   };
-  for (std::size_t i = 0; i < snapshot->SubKeys(); ++i)
-    raise(extents.longestSubKey, snapshot->SubKeyAt(i)->name.size());
-  for (std::size_t i = 0; i < snapshot->Values(); ++i) {
-    raise(extents.longestValueName, snapshot->ValueAt(i)->name.size());
-    raise(extents.largestData, snapshot->ValueAt(i)->size);
+  for (std::size_t i = 0; i < snapshot.SubKeys(); ++i)
+    raise(extents.longestSubKey, snapshot.SubKeyAt(i)->name.size());
+  for (std::size_t i = 0; i < snapshot.Values(); ++i) {
+    raise(extents.longestValueName, snapshot.ValueAt(i)->name.size());
+    raise(extents.largestData, snapshot.ValueAt(i)->size);
   }
   return 0;
 }
 
 LONG Hive::ReadValue(std::int64_t key, const FoldedName& name, ValueView& value) {
-  if (const LONG status = Prepare()) return status;
+  if (const LONG status = Refresh()) return status;
+  KeySnapshot& snapshot = m_Keys[key];
+  if (snapshot.valuesSeen != m_Seen) {
+    if (!IsWorthLoading(snapshot)) return ReadFromStore(key, name, value);
+    if (const LONG status = LoadValues(key, snapshot)) return status;
+  }
+  const HeldValue* const held = snapshot.Find(name.Bytes());
+  if (!held) return kNotFound;
+  return View(*held, value);
+}
+
+LONG Hive::ReadFromStore(std::int64_t key, const FoldedName& name, ValueView& value) {
   const LONG status = m_Rows.ReadValue(key, name.Bytes(), [&](DWORD type, std::string_view data) {
     m_Data = data;
     value = {{}, type, m_Data};
   });
   if (status != kNotFound) return status;
-  const LONG deleted = CheckKey(key);
+  const LONG deleted = CountOf(key, m_Keys[key]);
   return deleted ? deleted : kNotFound;
 }
 
 LONG Hive::ReadValueAt(std::int64_t key, DWORD index, ValueView& value) {
-  KeySnapshot* snapshot = nullptr;
+  if (const LONG status = Refresh()) return status;
+  KeySnapshot& snapshot = m_Keys[key];
   if (const LONG status = LoadValues(key, snapshot)) return status;
-  const HeldValue* const held = snapshot->ValueAt(index);
+  const HeldValue* const held = snapshot.ValueAt(index);
   return held ? View(*held, value) : kNoMoreItems;
 }
 
 LONG Hive::ReadSubKeyAt(std::int64_t key, DWORD index, std::u16string_view& name) {
-  KeySnapshot* snapshot = nullptr;
+  if (const LONG status = Refresh()) return status;
+  KeySnapshot& snapshot = m_Keys[key];
   if (const LONG status = LoadSubKeys(key, snapshot)) return status;
-  const HeldSubKey* const held = snapshot->SubKeyAt(index);
+  const HeldSubKey* const held = snapshot.SubKeyAt(index);
   if (!held) return kNoMoreItems;
   name = held->name;
   return 0;
@@ -144,7 +202,7 @@ LONG Hive::CreateKey(const KeyPlace& base, std::wstring_view path, KeyPlace& fou
   created = false;
   if (const LONG status = FindKey(base, path, found); status != kNotFound) return status;
   return Change([&] {
-    if (const LONG status = CheckKey(base.row)) return status;
+    if (const LONG status = CountOf(base.row, m_Keys[base.row])) return status;
     found = base;
     PathParts parts(path);
     for (std::wstring_view part; parts.Next(part);) {
@@ -153,36 +211,80 @@ LONG Hive::CreateKey(const KeyPlace& base, std::wstring_view path, KeyPlace& fou
       const std::int64_t parent = found.row;
       LONG status = m_Rows.FindKey(parent, folded.Bytes(), found.row);
       created = status == kNotFound;
-      if (created) status = m_Rows.InsertKey(parent, StoredName(part), folded.Bytes(), found.row);
+      if (created) status = AddKey(parent, part, folded.Bytes(), found.row);
       if (status != 0) return status;
     }
     return LONG{0};
   });
 }
 
+LONG Hive::AddKey(std::int64_t parent, std::wstring_view name, std::string_view folded, std::int64_t& row) {
+  const std::string stored = StoredName(name);
+  if (const LONG status = m_Rows.InsertKey(parent, stored, folded, row)) return status;
+  KeySnapshot& above = m_Keys[parent];
+  if (above.countsSeen == m_Seen) ++above.counts.subKeys;
+  if (above.subKeysSeen == m_Seen) above.Add(KeyRow{row, stored, folded});
+  return 0;
+}
+
 LONG Hive::DeleteKey(const KeyPlace& base, std::wstring_view path) {
   KeyPlace found;
   if (const LONG status = FindKey(base, path, found)) return status;
   if (found.depth == 0) return kAccessDenied;
-  return Change([&] {
-    KeyCounts counts;
-    if (const LONG status = m_Rows.Count(found.row, counts)) return status;
-    return counts.subKeys != 0 ? kAccessDenied : m_Rows.DeleteKey(found.row);
-  });
+  KeyCounts counts;
+  if (const LONG status = Count(found.row, counts)) return status;
+  if (counts.subKeys != 0) return kAccessDenied;
+  return Change([&] { return RemoveKey(found.row); });
+}
+
+LONG Hive::RemoveKey(std::int64_t key) {
+  KeySnapshot& snapshot = m_Keys[key];
+  if (const LONG status = CountOf(key, snapshot)) return status;
+  if (snapshot.counts.subKeys != 0) return kAccessDenied;
+  std::int64_t parent = 0;
+  std::string folded;
+  if (const LONG status = m_Rows.FindParent(key, parent, folded)) return status;
+  if (const LONG status = m_Rows.DeleteKey(key)) return status;
+  m_Held -= snapshot.Weight();
+  m_Keys.erase(key);
+  ++m_PathsSeen;
+  KeySnapshot& above = m_Keys[parent];
+  if (above.countsSeen == m_Seen) --above.counts.subKeys;
+  if (above.subKeysSeen == m_Seen) above.RemoveSubKey(folded);
+  return 0;
 }
 
 LONG Hive::WriteValue(std::int64_t key, std::wstring_view name, DWORD type, std::string_view data) {
-  if (const LONG status = CheckKey(key)) return status;
-  return Change([&] {
-    KeyCounts counts;
-    if (const LONG status = m_Rows.Count(key, counts)) return status;
-    const FoldedName folded(name);
-    std::int64_t row = 0;
-    const LONG status = m_Rows.FindValue(key, folded.Bytes(), row);
-    if (status == 0) return m_Rows.UpdateValue(row, type, data);
-    if (status != kNotFound) return status;
-    return m_Rows.InsertValue(key, {0, StoredName(name), folded.Bytes(), type, data}, row);
-  });
+  KeyCounts counts;
+  if (const LONG status = Count(key, counts)) return status;
+  return Change([&] { return PutValue(key, name, type, data); });
+}
+
+LONG Hive::PutValue(std::int64_t key, std::wstring_view name, DWORD type, std::string_view data) {
+  KeySnapshot& snapshot = m_Keys[key];
+  if (const LONG status = CountOf(key, snapshot)) return status;
+  const FoldedName folded(name);
+  const bool held = snapshot.valuesSeen == m_Seen;
+  HeldValue* const value = held ? snapshot.Find(folded.Bytes()) : nullptr;
+  std::int64_t row = value ? value->row : 0;
+  LONG status = value ? 0 : kNotFound;
+  if (!held) status = m_Rows.FindValue(key, folded.Bytes(), row);
+  if (status == 0) {
+    status = m_Rows.UpdateValue(row, type, data);
+    if (value) value->Set(type, data);
+    return status;
+  }
+  if (status != kNotFound) return status;
+  const std::string stored = StoredName(name);
+  ValueRow added{0, stored, folded.Bytes(), type, data};
+  if (const LONG failed = m_Rows.InsertValue(key, added, added.row)) return failed;
+  ++snapshot.counts.values;
+  if (!held) return 0;
+  m_Held -= snapshot.Weight();
+  snapshot.Add(added);
+  snapshot.SortValues();
+  m_Held += snapshot.Weight();
+  return 0;
 }
 
 LONG Hive::DeleteValue(std::int64_t key, const FoldedName& name) {
@@ -190,15 +292,19 @@ LONG Hive::DeleteValue(std::int64_t key, const FoldedName& name) {
   if (const LONG status = ReadValue(key, name, ignored)) return status;
   return Change([&] {
     std::int64_t row = 0;
-    const LONG status = m_Rows.FindValue(key, name.Bytes(), row);
-    return status ? status : m_Rows.DeleteValue(row);
+    if (const LONG status = m_Rows.FindValue(key, name.Bytes(), row)) return status;
+    if (const LONG status = m_Rows.DeleteValue(row)) return status;
+    KeySnapshot& snapshot = m_Keys[key];
+    if (snapshot.countsSeen == m_Seen) --snapshot.counts.values;
+    if (snapshot.valuesSeen == m_Seen) snapshot.Remove(name.Bytes());
+    return LONG{0};
   });
 }
 
 template <class Body>
 LONG Hive::Change(Body body) {
   if (m_Nested != 0) {
-    if (const LONG status = Prepare()) return status;
+    if (const LONG status = Refresh()) return status;
     return body();
   }
   if (const LONG status = BeginChanges()) return status;
@@ -210,8 +316,9 @@ LONG Hive::Change(Body body) {
 LONG Hive::BeginChanges() {
   if (m_Nested == 0) {
     if (const LONG status = m_Rows.BeginWrite()) return status;
+    // Nobody else can change anything from here on: what is in memory holds, or begins anew.
+    Follow(m_State, m_Rows.File().StillAt(m_State));
     m_Dropped = false;
-    ForgetAll();
   }
   ++m_Nested;
   return 0;
@@ -220,14 +327,52 @@ LONG Hive::BeginChanges() {
 LONG Hive::EndChanges(bool keep) {
   m_Dropped = m_Dropped || !keep;
   if (--m_Nested != 0) return 0;
-  ForgetAll();
-  const LONG failure = m_Rows.StillOpen() ? m_Rows.WriteFailure() : kStoreFailed;
-  if (keep && !m_Dropped && failure == 0) return m_Rows.File().Commit();
-  m_Rows.File().Rollback();
-  return keep ? failure : 0;
+  LONG status = m_Rows.StillWriting() ? m_Rows.WriteFailure() : kStoreFailed;
+  if (!m_Dropped && status == 0) {
+    status = m_Rows.File().Commit();
+    // Where somebody else came right behind, this is no state that the store is in, and the next read finds out.
+    if (status == 0) m_State = m_Rows.File().OwnState();
+    ++m_Changes;
+  } else {
+    m_Rows.File().Rollback();
+  }
+  // What is in memory holds the changes that were not kept.
+  if (m_Dropped || status != 0) Follow({}, false);
+  return keep ? status : 0;
+}
+
+LONG Hive::CountChanges(std::uint64_t& changes) {
+  const LONG status = Refresh();
+  changes = m_Changes;
+  return status;
+}
+
+LONG Hive::Digest(std::int64_t key, std::uint64_t& digest) {
+  if (const LONG status = Refresh()) return status;
+  if (const LONG status = CountOf(key, m_Keys[key])) return status;
+  digest = 0;
+  const auto mix = [&](std::uint64_t word) {
+    digest = (digest ^ word) * 0x9E3779B97F4A7C15;
+    digest ^= digest >> 29;
+  };
+  // Names never change: a key or a value with another one has another row.
+  for (std::vector<std::int64_t> left{key}; !left.empty();) {
+    const std::int64_t next = left.back();
+    left.pop_back();
+    mix(static_cast<std::uint64_t>(next));
+    LONG status = m_Rows.EachKey(next, [&](const KeyRow& row) { left.push_back(row.row); });
+    if (status == 0)
+      status = m_Rows.EachValue(next, [&](const ValueRow& row) {
+        mix(static_cast<std::uint64_t>(row.row));
+        mix(row.type);
+        mix(std::hash<std::string_view>()(row.data));
+      });
+    if (status != 0) return status;
+  }
+  return 0;
 }
 
 LONG Hive::Flush() {
-  if (const LONG status = Prepare()) return status;
+  if (const LONG status = Refresh()) return status;
   return m_Rows.File().Flush();
 }

@@ -13,13 +13,8 @@
 
 #include "key_snapshot.h"
 #include "names.h"
+#include "path_cache.h"
 #include "rows.h"
-
-// A key by its row, and how far below its root it is.
-struct KeyPlace {
-  std::int64_t row = 0;
-  unsigned depth = 0;
-};
 
 struct ValueView {
   std::u16string_view name;  // empty where the value was found by its name
@@ -62,25 +57,43 @@ class Hive {
 
   LONG Flush();
 
+  // Another number: something in the store is not as it was.
+  LONG CountChanges(std::uint64_t& changes);
+  // Another number: something in the key or below it is not as it was. Reads all of that.
+  LONG Digest(std::int64_t key, std::uint64_t& digest);
+
  private:
   explicit Hive(StorePlace place) : m_Rows(place) {}
 
-  LONG Prepare();
-  void ForgetAll();
-  LONG CheckKey(std::int64_t key);
-  LONG Load(std::int64_t key, KeySnapshot*& snapshot);
-  LONG LoadValues(std::int64_t key, KeySnapshot*& snapshot);
-  LONG LoadSubKeys(std::int64_t key, KeySnapshot*& snapshot);
+  // Before a read: makes the store readable, and finds out whether what is in memory still holds.
+  LONG Refresh();
+  void Follow(const StoreState& state, bool same);
+  void ForgetKeys();
+  // What follows relies on that. `counts` of a key that is gone: 1018.
+  LONG CountOf(std::int64_t key, KeySnapshot& snapshot);
+  LONG Walk(const KeyPlace& base, std::wstring_view path, KeyPlace& found);
+  bool IsWorthLoading(KeySnapshot& snapshot) const;
+  LONG LoadValues(std::int64_t key, KeySnapshot& snapshot);
+  LONG LoadSubKeys(std::int64_t key, KeySnapshot& snapshot);
   LONG View(const HeldValue& value, ValueView& view);
+  LONG ReadFromStore(std::int64_t key, const FoldedName& name, ValueView& value);
+
   // Runs `body` as a transaction, or within the one that is open.
   template <class Body>
   LONG Change(Body body);
+  LONG AddKey(std::int64_t parent, std::wstring_view name, std::string_view folded, std::int64_t& row);
+  LONG RemoveKey(std::int64_t key);
+  LONG PutValue(std::int64_t key, std::wstring_view name, DWORD type, std::string_view data);
 
   Rows m_Rows;
-  StoreState m_State;        // what the store was like when it was last looked at
-  std::uint64_t m_Seen = 0;  // counts the states that were different
+  StoreState m_State;             // what the store was like when it was last looked at
+  std::uint64_t m_Seen = 1;       // counts the states that were different
+  std::uint64_t m_PathsSeen = 1;  // the same, and own removals of keys
+  std::uint64_t m_Changes = 1;    // counts the different states, own ones too
   std::uint64_t m_Generation = 0;
   std::unordered_map<std::int64_t, KeySnapshot> m_Keys;
+  std::size_t m_Held = 0;  // bytes in m_Keys, roughly
+  PathCache m_Paths;
   std::string m_Data;  // of the value that was read last, where no snapshot holds it
   unsigned m_Nested = 0;
   bool m_Dropped = false;  // the open transaction is not to be kept

@@ -7,13 +7,10 @@
 namespace {
 
 constexpr std::size_t kLargestHeld = 16384;
+constexpr std::size_t kMostDataHeld = std::size_t{32} << 20;
 constexpr std::size_t kOverhead = 200;  // of an entry, its pointers and its place in the index
 
-template <class Entries>
-auto PlaceOfRow(Entries& entries, std::int64_t row) {
-  return std::lower_bound(entries.begin(), entries.end(), row,
-                          [](const auto& entry, std::int64_t wanted) { return entry->row < wanted; });
-}
+constexpr auto kByRow = [](const auto& a, const auto& b) { return a->row < b->row; };
 
 }  // namespace
 
@@ -31,6 +28,7 @@ HeldValue* KeySnapshot::Find(std::string_view folded) {
 void KeySnapshot::ClearValues() {
   m_ByName.clear();
   m_Values.clear();
+  m_Sorted = true;
   m_Weight = 0;
 }
 
@@ -40,20 +38,26 @@ void KeySnapshot::Add(const ValueRow& row) {
   value->name = NameFromStore(row.name, kLongestValueName);
   value->folded = row.folded;
   value->Set(row.type, row.data);
+  if (m_Weight > kMostDataHeld) value->data.clear();
   m_Weight += kOverhead + value->name.size() * 2 + value->folded.size() + value->data.size();
   m_ByName.emplace(value->folded, value.get());
+  m_Sorted = m_Sorted && (m_Values.empty() || m_Values.back()->row < value->row);
   m_Values.push_back(std::move(value));
 }
 
 void KeySnapshot::SortValues() {
-  const auto before = [](const auto& a, const auto& b) { return a->row < b->row; };
-  if (!std::is_sorted(m_Values.begin(), m_Values.end(), before))
-    std::sort(m_Values.begin(), m_Values.end(), before);
+  if (!m_Sorted) std::sort(m_Values.begin(), m_Values.end(), kByRow);
+  m_Sorted = true;
 }
 
-void KeySnapshot::Remove(HeldValue& value) {
-  m_ByName.erase(value.folded);
-  m_Values.erase(PlaceOfRow(m_Values, value.row));
+void KeySnapshot::Remove(std::string_view folded) {
+  const auto found = m_ByName.find(folded);
+  if (found == m_ByName.end()) return;
+  HeldValue* const value = found->second;
+  m_ByName.erase(found);
+  const auto place = std::lower_bound(m_Values.begin(), m_Values.end(), value->row,
+                                      [](const auto& entry, std::int64_t row) { return entry->row < row; });
+  if (place != m_Values.end() && place->get() == value) m_Values.erase(place);
 }
 
 void KeySnapshot::ClearSubKeys() {

@@ -52,10 +52,10 @@ class KeySnapshot {
   std::size_t Weight() const noexcept { return m_Weight; }
 
   void ClearValues();
-  // In any order, then SortValues().
+  // In any order, then SortValues() when all are there.
   void Add(const ValueRow& row);
   void SortValues();
-  void Remove(HeldValue& value);
+  void Remove(std::string_view folded);
 
   void ClearSubKeys();
   void Add(const KeyRow& row);
@@ -65,6 +65,7 @@ class KeySnapshot {
   std::vector<std::unique_ptr<HeldValue>> m_Values;  // by row
   std::unordered_map<std::string_view, HeldValue*> m_ByName;
   std::vector<std::unique_ptr<HeldSubKey>> m_SubKeys;  // by folded
+  bool m_Sorted = true;
   std::size_t m_Weight = 0;
 };
 

@@ -30,18 +30,27 @@ KeyPlace PlaceOf(const OpenKey& key) {
   return {key.row, key.depth};
 }
 
-// Leads a path that starts at the list of users on to the tree of the user that it names. False when the list itself
-// is meant; 2 when there is no such user.
-LONG StepIntoUsers(OpenKey& base, std::wstring_view& path, bool& list) {
-  PathParts parts(path);
-  std::wstring_view user;
-  list = !parts.Next(user);
-  if (list) return 0;
-  if (user != UserNumber()) return kNotFound;
-  base = UserTree();
-  path = parts.Rest();
-  return 0;
-}
+// Where the search for a path from `from` begins: the list of users has one tree, so that such a path goes on from its
+// root. 2 when there is no such user.
+struct Start {
+  OpenKey base;
+  std::wstring_view path;
+  LONG status = 0;
+  bool isList = false;  // the list itself is meant
+
+  Start(const OpenKey& from, std::wstring_view wanted) : base(from), path(wanted) {
+    base.access = KEY_ALL_ACCESS;
+    base.watchedChanges = 0;
+    if (base.hive) return;
+    PathParts parts(path);
+    std::wstring_view user;
+    isList = !parts.Next(user);
+    if (isList) return;
+    if (user != UserNumber()) status = kNotFound;
+    base = UserTree();
+    path = parts.Rest();
+  }
+};
 
 LONG CheckPath(std::wstring_view path) {
   if (!path.empty() && path.front() == L'\\') return kBadPath;
@@ -55,45 +64,34 @@ std::wstring UserNumber() {
 }
 
 LONG FindKey(const OpenKey& from, std::wstring_view path, OpenKey& found) {
-  OpenKey base = from;
-  bool list = false;
-  if (!base.hive)
-    if (const LONG status = StepIntoUsers(base, path, list)) return status;
-  found = base;
-  found.access = KEY_ALL_ACCESS;
-  found.watched = 0;
-  if (list) return 0;
+  const Start start(from, path);
+  found = start.base;
+  if (start.status != 0 || start.isList) return start.status;
   KeyPlace place;
-  const LONG status = base.hive->FindKey(PlaceOf(base), path, place);
+  const LONG status = found.hive->FindKey(PlaceOf(start.base), start.path, place);
   found.row = place.row;
   found.depth = place.depth;
   return status;
 }
 
 LONG CreateKey(const OpenKey& from, std::wstring_view path, OpenKey& found, bool& created) {
-  OpenKey base = from;
-  bool list = false;
+  const Start start(from, path);
+  found = start.base;
   created = false;
-  if (!base.hive)
-    if (StepIntoUsers(base, path, list) != 0) return kAccessDenied;
-  found = base;
-  found.access = KEY_ALL_ACCESS;
-  found.watched = 0;
-  if (list) return 0;
+  if (start.status != 0) return kAccessDenied;
+  if (start.isList) return 0;
   KeyPlace place;
-  const LONG status = base.hive->CreateKey(PlaceOf(base), path, place, created);
+  const LONG status = found.hive->CreateKey(PlaceOf(start.base), start.path, place, created);
   found.row = place.row;
   found.depth = place.depth;
   return status;
 }
 
 LONG DeleteKey(const OpenKey& from, std::wstring_view path) {
-  OpenKey base = from;
-  bool list = false;
   if (const LONG status = CheckPath(path)) return status;
-  if (!base.hive)
-    if (const LONG status = StepIntoUsers(base, path, list)) return status;
-  return list ? kAccessDenied : base.hive->DeleteKey(PlaceOf(base), path);
+  const Start start(from, path);
+  if (start.status != 0) return start.status;
+  return start.isList ? kAccessDenied : start.base.hive->DeleteKey(PlaceOf(start.base), start.path);
 }
 
 LONG CountKey(const OpenKey& key, KeyCounts& counts) {

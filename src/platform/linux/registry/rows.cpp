@@ -11,6 +11,7 @@ namespace {
 constexpr const char* kQueries[] = {
     "SELECT id FROM key WHERE parent = ?1 AND folded = ?2",
     "SELECT id FROM value WHERE key = ?1 AND folded = ?2",
+    "SELECT parent, folded FROM key WHERE id = ?1",
     "SELECT sub_keys, value_count FROM key WHERE id = ?1",
     "SELECT type, data FROM value WHERE key = ?1 AND folded = ?2",
     "SELECT data FROM value WHERE id = ?1",
@@ -97,6 +98,17 @@ LONG Rows::Count(std::int64_t key, KeyCounts& counts) {
   int rows = 0;
   const LONG status = Run(statement, rows, [&](sqlite3_stmt* row) {
     counts = {CountOfColumn(row, 0), CountOfColumn(row, 1)};
+  });
+  return status == 0 && rows == 0 ? kKeyDeleted : status;
+}
+
+LONG Rows::FindParent(std::int64_t key, std::int64_t& parent, std::string& folded) {
+  sqlite3_stmt* const statement = Compiled(ParentRow);
+  sqlite3_bind_int64(statement, 1, key);
+  int rows = 0;
+  const LONG status = Run(statement, rows, [&](sqlite3_stmt* row) {
+    parent = sqlite3_column_int64(row, 0);
+    folded = BytesOfColumn(row, 1);
   });
   return status == 0 && rows == 0 ? kKeyDeleted : status;
 }

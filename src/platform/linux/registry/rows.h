@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "store.h"
@@ -36,8 +37,8 @@ class Rows {
   LONG Open();
   // In place of Open(), before writing; ended by Commit() or Rollback() of the store.
   LONG BeginWrite();
-  // Whether the connection is still the one that reads or writes began with; a fork may have closed it.
-  bool StillOpen() const noexcept { return m_Store.Connection() && m_Generation == m_Store.Generation(); }
+  // Whether the transaction is still the one that BeginWrite() began; a fork may have undone it.
+  bool StillWriting() const noexcept { return m_Store.Writing() && m_Generation == m_Store.Generation(); }
   // 0, or why a statement since BeginWrite() was not carried out.
   LONG WriteFailure() const noexcept { return m_WriteFailure; }
 
@@ -46,6 +47,8 @@ class Rows {
   LONG FindValue(std::int64_t key, std::string_view folded, std::int64_t& row);
   // 1018 when the key is gone.
   LONG Count(std::int64_t key, KeyCounts& counts);
+  // The parent of a key and the name it has there.
+  LONG FindParent(std::int64_t key, std::int64_t& parent, std::string& folded);
   // Hands the value's type and data to `take` where it is there, else answers 2.
   template <class Take>
   LONG ReadValue(std::int64_t key, std::string_view folded, Take take);
@@ -67,6 +70,7 @@ class Rows {
   enum Query {
     FindKeyRow,
     FindValueRow,
+    ParentRow,
     CountKey,
     ReadValueRow,
     ReadDataRow,
