@@ -11,25 +11,18 @@
 // The ways in are held by tstring_test.cpp, which goes through them all.
 TEST(CStringTest, PartsAreClippedToTheText) {
   const CString text(L"abcdef");
-  const struct {
-    const char* name;
-    CString part;
-    const wchar_t* expected;
-  } rows[] = {
-      {"left", text.Left(2), L"ab"},
-      {"left, all and more", text.Left(INT_MAX), L"abcdef"},
-      {"left, negative", text.Left(-1), L""},
-      {"right", text.Right(2), L"ef"},
-      {"right, all and more", text.Right(INT_MAX), L"abcdef"},
-      {"right, negative", text.Right(INT_MIN), L""},
-      {"middle", text.Mid(2, 3), L"cde"},
-      {"middle to the end", text.Mid(4), L"ef"},
-      {"middle, from before the start", text.Mid(INT_MIN, 2), L"ab"},
-      {"middle, from the end", text.Mid(6, 1), L""},
-      {"middle, from behind the end", text.Mid(INT_MAX, INT_MAX), L""},
-      {"middle, negative count", text.Mid(2, -1), L""},
-  };
-  for (const auto& row : rows) EXPECT_EQ(row.part, row.expected) << row.name;
+  EXPECT_EQ(text.Left(2), L"ab");
+  EXPECT_EQ(text.Left(INT_MAX), L"abcdef");
+  EXPECT_EQ(text.Left(-1), L"");
+  EXPECT_EQ(text.Right(2), L"ef");
+  EXPECT_EQ(text.Right(INT_MAX), L"abcdef");
+  EXPECT_EQ(text.Right(INT_MIN), L"");
+  EXPECT_EQ(text.Mid(2, 3), L"cde");
+  EXPECT_EQ(text.Mid(4), L"ef");
+  EXPECT_EQ(text.Mid(INT_MIN, 2), L"ab");
+  EXPECT_EQ(text.Mid(6, 1), L"");
+  EXPECT_EQ(text.Mid(INT_MAX, INT_MAX), L"");
+  EXPECT_EQ(text.Mid(2, -1), L"");
 }
 
 TEST(CStringTest, ReplaceGoesOnceFromLeftToRight) {
@@ -75,26 +68,20 @@ TEST(CStringTest, UnitsAreReadUpToTheTerminatorAndWrittenBeforeIt) {
 }
 
 TEST(CStringTest, TokenizeGivesTheRunsBetweenSeparators) {
-  const struct {
-    const char* name;
-    const wchar_t *text, *separators;
-    std::vector<std::wstring> tokens;
-  } rows[] = {
-      {"runs of separators", L",,a,;b;,", L",;", {L"a", L"b"}},
-      {"none", L"ab", L",", {L"ab"}},
-      {"nothing but separators", L",,", L",", {}},
-      {"empty", L"", L",", {}},
-      {"no separators", L"a,b", nullptr, {L"a,b"}},
-  };
-  for (const auto& row : rows) {
-    const CString text(row.text);
-    std::vector<std::wstring> tokens;
+  const auto tokens = [](const CString& text, const wchar_t* separators) {
+    std::vector<std::wstring> found;
     int start = 0;
-    for (CString token = text.Tokenize(row.separators, start); start >= 0;
-         token = text.Tokenize(row.separators, start))
-      tokens.emplace_back(token);
-    EXPECT_EQ(tokens, row.tokens) << row.name;
-  }
+    for (CString token = text.Tokenize(separators, start); start >= 0;
+         token = text.Tokenize(separators, start))
+      found.emplace_back(token);
+    return found;
+  };
+  using Tokens = std::vector<std::wstring>;
+  EXPECT_EQ(tokens(L",,a,;b;,", L",;"), (Tokens{L"a", L"b"}));
+  EXPECT_EQ(tokens(L"ab", L","), Tokens{L"ab"});
+  EXPECT_EQ(tokens(L",,", L","), Tokens{});
+  EXPECT_EQ(tokens(L"", L","), Tokens{});
+  EXPECT_EQ(tokens(L"a,b", nullptr), Tokens{L"a,b"});
 }
 
 TEST(CStringTest, TextsCompareByUnitOrWithoutCase) {

@@ -11,20 +11,16 @@ using namespace Qel::Sys::Text::Encoding;
 // Every byte of the page in one text and each alone is the business of the platform's own tests.
 TEST(EncodingTest, NarrowAndWideTextAreTheSameInTheArabicPage) {
   const struct {
-    const char* name;
     const char* narrow;
     const wchar_t* wide;
-  } rows[] = {
-      {"null", nullptr, nullptr},
-      {"empty", "", L""},
-      {"Latin", "Qelmar 9.0", L"Qelmar 9.0"},
-      {"Arabic", "\xC7\xE1\xE1\xDB\xC9", L"اللغة"},
-      {"last and first of the page", "\xFF\x01\x80", L"\u06D2\x01\u20AC"},
-  };
+  } rows[] = {{nullptr, nullptr},
+              {"", L""},
+              {"Qelmar 9.0", L"Qelmar 9.0"},
+              {"\xC7\xE1\xE1\xDB\xC9\xFF\x01\x80", L"اللغة\u06D2\x01\u20AC"}};
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
     const std::string narrow = row.narrow ? row.narrow : "";
     const std::wstring wide = row.wide ? row.wide : L"";
+    SCOPED_TRACE(narrow);
     EXPECT_EQ(ConvertA2W(row.narrow), wide);
     EXPECT_EQ(ConvertA2N(row.narrow), wide.c_str());
     EXPECT_EQ(Convert2W(row.narrow), wide);
@@ -71,17 +67,13 @@ TEST(EncodingTest, TheThreadsPageServesCStrings) {
 
 TEST(Utf8Test, TextGoesBothWays) {
   const struct {
-    const char* name;
     std::string utf8;
     std::wstring wide;
-  } rows[] = {
-      {"empty", "", L""},
-      {"Arabic", "\xD9\xA1\xD8\xA8", L"١ب"},
-      {"zeros inside", std::string("a\0b", 3), std::wstring(L"a\0b", 3)},
-      {"beyond the units", "\xF0\x9F\x98\x80", L"\xD83D\xDE00"},
-  };
+  } rows[] = {{"", L""},
+              {"\xD9\xA1\xD8\xA8", L"١ب"},
+              {std::string("a\0b", 3), std::wstring(L"a\0b", 3)},
+              {"\xF0\x9F\x98\x80", L"\xD83D\xDE00"}};
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
     EXPECT_EQ(Qel::ToUtf8(row.wide), row.utf8);
     EXPECT_EQ(Qel::FromUtf8(row.utf8).View(), row.wide);
   }

@@ -42,7 +42,7 @@ TEST(FormatTest, InitKeepsDateOrderRoundingModeAndOption7) {
   EXPECT_STREQ(format.ThousandSep, L",");
 }
 
-TEST(FormatTest, WhatSettingsAreMovedFromKeepsThem) {
+TEST(FormatTest, WhatSettingsAreMovedOrAssignedFromKeepsThem) {
   Format from;
   from.Text1 = L"a text too long for the small buffer of a string";
   from.Option2 = 7;
@@ -51,27 +51,19 @@ TEST(FormatTest, WhatSettingsAreMovedFromKeepsThem) {
   EXPECT_EQ(to.Text1, L"a text too long for the small buffer of a string");
   EXPECT_EQ(to.Option2, 7u);
   EXPECT_EQ(from.Text1, to.Text1);
-}
-
-TEST(FormatTest, AssignmentToItselfKeepsTheTexts) {
-  Format format;
-  format.Text1 = L"a text too long for the small buffer of a string";
-  Format& same = format;
-  format = same;
-  EXPECT_EQ(format.Text1, L"a text too long for the small buffer of a string");
+  Format& same = to;
+  to = same;
+  EXPECT_EQ(to.Text1, from.Text1);
 }
 
 TEST(FormatTest, StreamsGroupDigitsAsTheSettingsSay) {
   const struct {
     bool group;
-    const wchar_t* separator;
-    const wchar_t* written;
-  } rows[] = {
-      {true, L",", L"1,234,567"},
-      {true, L"\u066C", L"1\u066C234\u066C567"},
-      {true, L"", L"1234567"},
-      {false, L",", L"1234567"},
-  };
+    const wchar_t *separator, *written;
+  } rows[] = {{true, L",", L"1,234,567"},
+              {true, L"\u066C", L"1\u066C234\u066C567"},
+              {true, L"", L"1234567"},
+              {false, L",", L"1234567"}};
   const SysFormatGuard guard;
   for (const auto& row : rows) {
     SCOPED_TRACE(testing::PrintToString(row.separator));

@@ -94,31 +94,22 @@ TYPED_TEST_SUITE(AnyListTest, BothLists);
 
 TYPED_TEST(AnyListTest, RemoveTakesEveryEqualElementAndKeepsTheEndsRight) {
   const struct {
-    const char* name;
     Values before;
-    int value, removed;
-    Values afterAppending9;
+    int removed;
+    Values after;  // 5 was removed and 9 appended
   } rows[] = {
-      {"empty list", {}, 5, 0, {9}},
-      {"absent", {1, 2}, 5, 0, {1, 2, 9}},
-      {"head, middle and tail", {5, 5, 7, 5}, 5, 3, {7, 9}},
-      {"tail only", {1, 2, 5, 5}, 5, 2, {1, 2, 9}},
-      {"all", {5, 5, 5}, 5, 3, {9}},
-      {"the only one", {5}, 5, 1, {9}},
+      {{}, 0, {9}},        {{1, 2}, 0, {1, 2, 9}}, {{5, 5, 7, 5}, 3, {7, 9}}, {{1, 2, 5, 5}, 2, {1, 2, 9}},
+      {{5, 5, 5}, 3, {9}}, {{5}, 1, {9}},
   };
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
     auto list = Filled<TypeParam>(row.before);
     if (list.GetCount() > 0) (void)list[list.GetCount() - 1];  // a cursor that may go
-    EXPECT_EQ(list.remove(row.value), row.removed);
+    EXPECT_EQ(list.remove(5), row.removed);
     list.append(9);
-    EXPECT_EQ(Read(list), row.afterAppending9);
+    EXPECT_EQ(Read(list), row.after);
   }
-}
-
-TYPED_TEST(AnyListTest, RemoveAcceptsAnElementOfTheListItself) {
   auto list = Filled<TypeParam>({5, 1, 5});
-  EXPECT_EQ(list.remove(list[0]), 2);
+  EXPECT_EQ(list.remove(list[0]), 2);  // an element of the list itself
   EXPECT_EQ(Read(list), Values({1}));
 }
 
@@ -157,14 +148,11 @@ TYPED_TEST(AnyListTest, CopiesAreIndependentAndMovesLeaveTheSourceEmpty) {
   copy = std::move(moved);
   EXPECT_EQ(Read(copy), Read(list));
   EXPECT_EQ(moved.count(), 0);
-}
 
-TYPED_TEST(AnyListTest, AssigningToItselfChangesNothing) {
-  auto list = Filled<TypeParam>({1, 2, 3});
   auto& same = list;
   list = same;
   list = std::move(same);
-  EXPECT_EQ(Read(list), Values({1, 2, 3}));
+  EXPECT_EQ(Read(list), Read(copy));
 }
 
 TYPED_TEST(AnyListTest, AMillionElementsAreReadAndFreedWithoutDeepRecursion) {
@@ -226,24 +214,16 @@ TEST(ListTest, AnElementThatCannotBeCopiedLeavesNothingBehind) {
 }
 
 TEST(ListTest, HoldsTheElementTypesOfTheSuite) {
-  struct Quiet : CObserver {
-    void Update(CSubject*) override {}
-  } observer;
-  struct Upper : IMsgTextHandler {
-    bool HandleText(CString&) override { return true; }
-  };
   const auto roundTrip = [](auto list, const auto& value) {
     list.append(value);
     const auto copy = list;
     return copy[0] == value && list.find(value) && list.remove(value) == 1;
   };
-  using Qel::Sys::TString;
-  EXPECT_TRUE(roundTrip(List<CObserver*>(), static_cast<CObserver*>(&observer)));
+  EXPECT_TRUE(roundTrip(List<std::shared_ptr<IMsgTextHandler>>(), std::shared_ptr<IMsgTextHandler>()));
+  EXPECT_TRUE(roundTrip(List<CObserver*>(), static_cast<CObserver*>(nullptr)));
   EXPECT_TRUE(roundTrip(List<std::wstring>(), std::wstring(L"نص")));
   EXPECT_TRUE(roundTrip(List<CString>(), CString(L"نص")));
-  EXPECT_TRUE(roundTrip(List<TString>(), TString(L"نص")));
-  EXPECT_TRUE(roundTrip(List<std::shared_ptr<IMsgTextHandler>>(),
-                        std::shared_ptr<IMsgTextHandler>(std::make_shared<Upper>())));
+  EXPECT_TRUE(roundTrip(List<Qel::Sys::TString>(), Qel::Sys::TString(L"نص")));
   EXPECT_TRUE(roundTrip(XList<unsigned long>(), 0xC0C0C0UL));
   EXPECT_TRUE(roundTrip(XList<Qel::UI::TColorRec>(), Qel::UI::TColorRec{Qel::UI::CI_TITLE, 0x102030}));
 }

@@ -65,33 +65,24 @@ TEST(RoundTest, EveryPrecisionRoundsToItsStep) {
 }
 
 TEST(RoundTest, DecimalHalvesThatNoDoubleHoldsAreStillHalves) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity(),
+                   kMax = std::numeric_limits<double>::max();
+  constexpr auto kCent = Format::RP_0_01, kTenth = Format::RP_0_1, kOne = Format::RP_1;
   const struct {
     double value;
     Format::ROUND_PREC precision;
     double rounded;
   } rows[] = {
-      {1.005, Format::RP_0_01, 1.01},
-      {1.115, Format::RP_0_01, 1.12},
-      {2.675, Format::RP_0_01, 2.68},
-      {-1.005, Format::RP_0_01, -1.01},
-      {1.00499999999, Format::RP_0_01, 1.0},
-      {0.145, Format::RP_0_01, 0.15},
-      {9999999.995, Format::RP_0_01, 10000000},
-      {1.0005, Format::RP_0_001, 1.001},
-      {0.1 + 0.2, Format::RP_0_1, 0.3},
-      {1234567890.125, Format::RP_0_01, 1234567890.13},
-      {100000000000000.5, Format::RP_1, 100000000000001.0},
-      {4503599627370497.0, Format::RP_1, 4503599627370497.0},
-      {1234567890123456.0, Format::RP_1, 1234567890123456.0},
-      {1e300, Format::RP_0_01, 1e300},
-      {-std::numeric_limits<double>::max(), Format::RP_500, -std::numeric_limits<double>::max()},
-      {std::numeric_limits<double>::infinity(), Format::RP_5, std::numeric_limits<double>::infinity()},
-      {5e-324, Format::RP_0_01, 0},
+      {1.005, kCent, 1.01},         {1.115, kCent, 1.12},           {2.675, kCent, 2.68},
+      {-1.005, kCent, -1.01},       {1.00499999999, kCent, 1.0},    {0.145, kCent, 0.15},
+      {9999999.995, kCent, 1e7},    {0.1 + 0.2, kTenth, 0.3},       {1e6 + .125, kCent, 1e6 + .13},
+      {1e14 + 0.5, kOne, 1e14 + 1}, {0x1p52 + 1, kOne, 0x1p52 + 1}, {1e15 + 1, kOne, 1e15 + 1},
+      {1e300, kCent, 1e300},        {kInfinity, kOne, kInfinity},   {5e-324, kCent, 0.0},
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.value);
-    EXPECT_EQ(RoundVal(row.value, row.precision, Format::RT_HALF_AWAY), row.rounded);
-  }
+  EXPECT_EQ(RoundVal(1.0005, Format::RP_0_001, Format::RT_HALF_AWAY), 1.001);
+  EXPECT_EQ(RoundVal(-kMax, Format::RP_500, Format::RT_HALF_AWAY), -kMax);
+  for (const auto& row : rows)
+    EXPECT_EQ(RoundVal(row.value, row.precision, Format::RT_HALF_AWAY), row.rounded) << row.value;
   EXPECT_TRUE(std::isnan(RoundVal(std::nan(""), Format::RP_1, Format::RT_HALF_AWAY)));
 }
 

@@ -73,21 +73,24 @@ TEST_F(StringResourcesTest, TextsAreThoseOfTheLanguage) {
   }
 }
 
-TEST_F(StringResourcesTest, EnglishDaysKeepTheSpellingOfExistingReports) {
-  const wchar_t* const days[] = {L"Sun", L"Mon", L"Tus", L"Wed", L"Thr", L"Fri", L"Sat"};
-  for (unsigned day = 0; day < 7; ++day) EXPECT_EQ(OwnText(155 + day, kEnglish), days[day]);
-}
-
-TEST_F(StringResourcesTest, ArabicHasTheLevantineMonthsAndTheTransliteratedOnes) {
-  const wchar_t* const levantine[] = {L"كانون الثاني", L"شباط",        L"آذار",         L"نيسان",
-                                      L"أيار",         L"حزيران",      L"تموز",         L"آب",
-                                      L"أيلول",        L"تشرين الأول", L"تشرين الثاني", L"كانون الأول"};
-  const wchar_t* const transliterated[] = {L"يناير", L"فبراير", L"مارس",   L"أبريل",  L"مايو",   L"يونيو",
-                                           L"يوليو", L"أغسطس",  L"سبتمبر", L"أكتوبر", L"نوفمبر", L"ديسمبر"};
-  for (unsigned month = 0; month < 12; ++month) {
-    EXPECT_EQ(OwnText(195 + month, kArabic), levantine[month]);
-    EXPECT_EQ(OwnText(230 + month, kArabic), transliterated[month]);
-  }
+TEST_F(StringResourcesTest, DaysAndMonthsKeepTheSpellingOfExistingReports) {
+  const struct {
+    int lang;
+    unsigned first;
+    std::vector<const wchar_t*> names;
+  } rows[] = {
+      {kEnglish, 155, {L"Sun", L"Mon", L"Tus", L"Wed", L"Thr", L"Fri", L"Sat"}},
+      {kArabic,
+       195,
+       {L"كانون الثاني", L"شباط", L"آذار", L"نيسان", L"أيار", L"حزيران", L"تموز", L"آب", L"أيلول",
+        L"تشرين الأول", L"تشرين الثاني", L"كانون الأول"}},
+      {kArabic,
+       230,
+       {L"يناير", L"فبراير", L"مارس", L"أبريل", L"مايو", L"يونيو", L"يوليو", L"أغسطس", L"سبتمبر", L"أكتوبر",
+        L"نوفمبر", L"ديسمبر"}},
+  };
+  for (const auto& row : rows)
+    for (unsigned i = 0; i < row.names.size(); ++i) EXPECT_EQ(OwnText(row.first + i, row.lang), row.names[i]);
 }
 
 TEST_F(StringResourcesTest, TheCurrentLanguageIsThatOfTheSettingsUntilOneIsChosen) {
@@ -106,31 +109,27 @@ TEST_F(StringResourcesTest, TheCurrentLanguageIsThatOfTheSettingsUntilOneIsChose
 // Block by block: asked language, then English, then any.
 TEST_F(StringResourcesTest, ALanguageWithoutTheTextGivesWay) {
   const struct {
-    const char* name;
     unsigned id;
     int lang;
     const wchar_t* text;
   } rows[] = {
-      {"in the language", 155, kFrench, L"samedi"},
-      {"only in English", 1000, kFrench, L"only english"},
-      {"in a language that has no text at all", 155, 7, L"Saturday"},
-      {"unknown index", 155, 8, L"Saturday"},
-      {"index below the current language's", 155, -2, L"Saturday"},
-      {"only in French", 2000, kEnglish, L"seulement"},
-      {"in the main language", 3100, kArabic, L"ar neutral"},
-      {"in no language by name", 3000, kFrench, L"neutral"},
-      {"empty entry beside a French one", 156, kFrench, L""},
-      {"empty entry of a block that is there", 158, kEnglish, L""},
-      {"nowhere", 5000, kEnglish, L""},
-      {"lowest number", 0, kArabic, L"id zero"},
-      {"highest number", 65535, kFrench, L"id max"},
-      {"beyond the highest", 65536 + 155, kEnglish, L""},
-      {"a number whose block would be 1 again", 0xFFFFFFFF, kEnglish, L""},
+      {155, kFrench, L"samedi"},  // in the language
+      {1000, kFrench, L"only english"},
+      {155, 7, L"Saturday"},           // in a language that has no text at all
+      {155, 8, L"Saturday"},           // unknown index
+      {155, -2, L"Saturday"},          // index below the current language's
+      {2000, kEnglish, L"seulement"},  // only in French
+      {3100, kArabic, L"ar neutral"},  // in the main language
+      {3000, kFrench, L"neutral"},     // in no language by name
+      {156, kFrench, L""},             // Kept: an empty entry of a block that is there stays empty
+      {158, kEnglish, L""},
+      {5000, kEnglish, L""},  // nowhere
+      {0, kArabic, L"id zero"},
+      {65535, kFrench, L"id max"},
+      {65536 + 155, kEnglish, L""},
+      {0xFFFFFFFF, kEnglish, L""},
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
-    EXPECT_EQ(LoadString(row.id, TestStrings(), row.lang), row.text);
-  }
+  for (const auto& row : rows) EXPECT_EQ(LoadString(row.id, TestStrings(), row.lang), row.text) << row.id;
 }
 
 TEST_F(StringResourcesTest, AMissingModuleRaises) {
@@ -160,20 +159,16 @@ TEST_F(StringResourcesTest, NoModuleMeansTheDefaultOne) {
 
 TEST_F(StringResourcesTest, TermsAreReplacedInOrderAndInEveryLoadedText) {
   const struct {
-    const char* name;
     std::vector<TTerm> terms;
     const wchar_t* text;
   } rows[] = {
-      {"none", {}, L"last of pair"},
-      {"every occurrence, once over", {{L"a", L"aa"}}, L"laast of paair"},
-      {"a later term sees what an earlier one wrote",
-       {{L"last", L"first"}, {L"first of", L"any"}},
-       L"any pair"},
-      {"an earlier term does not see a later one's", {{L"any", L"x"}, {L"last", L"any"}}, L"any of pair"},
-      {"empty term", {{L"", L"x"}, {L"pair", L""}}, L"last of "},
+      {{}, L"last of pair"},
+      {{{L"a", L"aa"}}, L"laast of paair"},
+      {{{L"last", L"first"}, {L"first of", L"any"}}, L"any pair"},
+      {{{L"any", L"x"}, {L"last", L"any"}}, L"any of pair"},
+      {{{L"", L"x"}, {L"pair", L""}}, L"last of "},
   };
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.name);
     TTermsList.flush();
     for (const auto& term : row.terms) TTermsList.append(term);
     EXPECT_EQ(LoadString(1007, TestStrings(), kEnglish), row.text);

@@ -2,6 +2,8 @@
 #ifndef QEL_TESTS_SLOTS_H
 #define QEL_TESTS_SLOTS_H
 
+#include <gtest/gtest.h>
+
 #include <cstddef>
 #include <cstring>
 
@@ -14,6 +16,18 @@ int SlotOf(Member member) {
   std::memcpy(words, &member, sizeof(words));
   return words[0] % 2 == 1 ? static_cast<int>((words[0] - 1) / static_cast<std::ptrdiff_t>(sizeof(void*)))
                            : -1;
+}
+
+// Expects the operations in slots that follow one another from `slot` on.
+template <class... Members>
+void ExpectSlotsFrom(int slot, Members... members) {
+  for (const int found : {SlotOf(members)...}) EXPECT_EQ(found, slot++);
+}
+
+// One of the operations of a class that share a name: Of<void(int)>(&Class::Name).
+template <class Signature, class Class>
+auto Of(Signature Class::*operation) {
+  return operation;
 }
 
 #endif  // QEL_TESTS_SLOTS_H
