@@ -17,7 +17,8 @@ TColor EachChannel(const TColor& colour, Change change) {
 
 // `part` of `whole` as 0..255, to the nearest.
 unsigned long Scaled(int part, int whole) {
-  return static_cast<unsigned long>(static_cast<float>(part * 255) / static_cast<float>(whole) + 0.5F);
+  constexpr float kHalf = 0.5F;
+  return static_cast<unsigned long>(static_cast<float>(part * 255) / static_cast<float>(whole) + kHalf);
 }
 
 // Where the colour stands on the circle of hues, in sixths of it, times `range`: red 0, green 2, blue 4. Without

@@ -41,10 +41,10 @@ constexpr auto kValues = [] {
 // half written, when it does not.
 bool DecodeAscii(std::wstring_view digits, std::size_t count, unsigned char* out) {
   if (digits.size() < 2 * count) return false;
-  unsigned long units = 0, values = 0;
+  char32_t units = 0;
+  unsigned values = 0;
   for (std::size_t i = 0; i < count; ++i) {
-    const auto high = static_cast<unsigned long>(digits[2 * i]),
-               low = static_cast<unsigned long>(digits[2 * i + 1]);
+    const auto high = static_cast<char32_t>(digits[2 * i]), low = static_cast<char32_t>(digits[2 * i + 1]);
     const unsigned highValue = kValues[high & 0xFF], lowValue = kValues[low & 0xFF];
     units |= high | low;
     values |= highValue | lowValue;
@@ -72,9 +72,9 @@ Qel::Sys::TString StructToString(const void* data, int size) {
   PutByte(text.data(), static_cast<unsigned char>(size >> 8 & 0xFF));
   PutByte(text.data() + 2, static_cast<unsigned char>(size & 0xFF));
   const auto* const bytes = static_cast<const unsigned char*>(data);
-  const int count = std::max(size, 0);
+  const std::size_t count = size > 0 ? static_cast<std::size_t>(size) : 0;
   char* const digits = text.data() + kLengthDigits;
-  for (int i = 0; i < count; ++i) PutByte(digits + 2 * i, bytes[i]);
+  for (std::size_t i = 0; i < count; ++i) PutByte(digits + 2 * i, bytes[i]);
   return std::wstring(text.data(), digits + 2 * count);
 }
 
