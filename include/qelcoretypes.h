@@ -32,6 +32,7 @@
 #include "pxsf.h"
 #include "qel_cstring.h"
 #include "qel_export.h"
+#include "regconfig.h"
 #include "regkey.h"
 #include "report.h"
 #include "round.h"

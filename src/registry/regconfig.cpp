@@ -1,0 +1,154 @@
+#include "regconfig.h"
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+#include "exceptions.h"
+#include "platform/platform.h"
+#include "registry/name_list.h"
+#include "registry/utf16_text.h"
+#include "regkey.h"
+
+namespace {
+
+constexpr DWORD kKeyNameRoom = 261;
+constexpr unsigned int kValueNameRoom = 16384;
+
+// "file\section". Settings are read one by one in tight loops, so common lengths take no memory of their own.
+class SectionPath {
+ public:
+  SectionPath(const CString& file, const wchar_t* section) {
+    const std::wstring_view folder = file.View(), name = section ? section : L"";
+    const std::size_t length = folder.size() + 1 + name.size();
+    if (length >= std::size(m_Short)) m_Long.resize(length + 1);
+    wchar_t* const path = m_Long.empty() ? m_Short : m_Long.data();
+    wchar_t* at = std::copy(folder.begin(), folder.end(), path);
+    *at++ = L'\\';
+    *std::copy(name.begin(), name.end(), at) = L'\0';
+    m_Path = path;
+  }
+  SectionPath(const SectionPath&) = delete;
+  SectionPath& operator=(const SectionPath&) = delete;
+
+  operator const wchar_t*() const noexcept { return m_Path; }
+
+ private:
+  wchar_t m_Short[160];
+  std::wstring m_Long;
+  const wchar_t* m_Path;
+};
+
+// The section's key, made when it is missing.
+class SectionKey : public TRegKey {
+ public:
+  SectionKey(const TRegConfigFile& file, const wchar_t* section)
+      : TRegKey(file.GetHKey(), SectionPath(file.GetFileName(), section), KEY_ALL_ACCESS, CreateOK) {}
+};
+
+// The key that the sections are below.
+class FileKey : public TRegKey {
+ public:
+  explicit FileKey(const TRegConfigFile& file)
+      : TRegKey(file.GetHKey(), file.GetFileName(), KEY_ALL_ACCESS, CreateOK) {}
+};
+
+// Copies what fits, with a terminator. Result: its length.
+int CopyClipped(const wchar_t* text, wchar_t* buffer, unsigned int size) {
+  if (size == 0) return 0;
+  const std::wstring_view copied = std::wstring_view(text ? text : L"").substr(0, size - 1);
+  *std::copy(copied.begin(), copied.end(), buffer) = L'\0';
+  return static_cast<int>(copied.size());
+}
+
+}  // namespace
+
+TRegConfigFile::TRegConfigFile(const wchar_t* name, HKEY root)
+    : TConfigFile(CString(L"Software\\") + (name ? name : L"")), m_Root(root) {
+  if (HKEY(TRegKey(root, false, L""))) return;
+  m_Root = nullptr;
+  Qel::Sys::Exceptions::ThrowResourceException();
+}
+
+bool TRegConfigFile::SectionExists(const wchar_t* section) const {
+  const TRegKey key(m_Root, SectionPath(GetFileName(), section), KEY_QUERY_VALUE, TRegKey::OpenOnly);
+  return HKEY(key) != nullptr;
+}
+
+int TRegConfigFile::ReadSection(const wchar_t* section, wchar_t* buffer, unsigned int size) const {
+  const SectionKey key(*this, section);
+  NameList names(buffer, size);
+  wchar_t name[kValueNameRoom];
+  for (TRegValueIterator it(key); it; ++it) {
+    unsigned int length = kValueNameRoom;
+    if (key.EnumValue(it.GetIndex(), name, length, nullptr, nullptr, nullptr) != 0) continue;
+    names.Add(name, static_cast<int>(length));
+  }
+  return names.Finish();
+}
+
+int TRegConfigFile::ReadSections(wchar_t* buffer, unsigned int size) const {
+  const FileKey key(*this);
+  NameList names(buffer, size);
+  wchar_t name[kKeyNameRoom];
+  for (TRegKeyIterator it(key); it; ++it) {
+    if (key.EnumKey(it.GetIndex(), name, kKeyNameRoom) != 0) continue;
+    names.Add(name, static_cast<int>(std::wcslen(name)));
+  }
+  return names.Finish();
+}
+
+bool TRegConfigFile::EraseSection(const wchar_t* section) {
+  return FileKey(*this).NukeKey(section) == 0;
+}
+
+bool TRegConfigFile::EraseEntry(const wchar_t* section, const wchar_t* entry) {
+  return SectionKey(*this, section).DeleteValue(entry) == 0;
+}
+
+int TRegConfigFile::ReadString(const wchar_t* section, const wchar_t* entry, wchar_t* buffer,
+                               unsigned int size, const wchar_t* defaultValue) const {
+  const SectionKey key(*this, section);
+  unsigned int bytes = size;
+  BYTE nothing = 0;
+  BYTE* const data = size ? reinterpret_cast<BYTE*>(buffer) : &nothing;  // null would only ask for the size
+  if (key.QueryValue(entry, nullptr, data, &bytes) != 0) return CopyClipped(defaultValue, buffer, size);
+  if (size) buffer[UnitsFromBytes(buffer, size - 1, data, bytes)] = L'\0';
+  return static_cast<int>(bytes);
+}
+
+bool TRegConfigFile::WriteString(const wchar_t* section, const wchar_t* entry, const wchar_t* value) {
+  const Utf16Text text(value);
+  return SectionKey(*this, section).SetValue(entry, REG_SZ, text.Data(), text.SizeWithTerminator()) == 0;
+}
+
+bool TRegConfigFile::ReadData(const wchar_t* section, const wchar_t* entry, void* data,
+                              unsigned int size) const {
+  return SectionKey(*this, section).QueryValue(entry, nullptr, static_cast<BYTE*>(data), &size) == 0;
+}
+
+bool TRegConfigFile::WriteData(const wchar_t* section, const wchar_t* entry, void* data, unsigned int size) {
+  return SectionKey(*this, section).SetValue(entry, REG_BINARY, static_cast<const BYTE*>(data), size) == 0;
+}
+
+int TRegConfigFile::ReadInteger(const wchar_t* section, const wchar_t* entry, int defaultValue) const {
+  const SectionKey key(*this, section);
+  int value = 0;
+  unsigned int size = sizeof(value);
+  const long status = key.QueryValue(entry, nullptr, reinterpret_cast<BYTE*>(&value), &size);
+  return status == 0 ? value : defaultValue;
+}
+
+bool TRegConfigFile::WriteInteger(const wchar_t* section, const wchar_t* entry, int value) {
+  return SectionKey(*this, section).SetValue(entry, static_cast<unsigned int>(value)) == 0;
+}
+
+TQelReg::TQelReg(bool machine)
+    : TRegConfigFile(L"qelmarsoft\\Qelmar\\9.0", machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER) {}
+
+unsigned int TQelReg::ReadData2(const wchar_t* section, const wchar_t* entry, void* data,
+                                unsigned int size) const {
+  const SectionKey key(*this, section);
+  const long status = key.QueryValue(entry, nullptr, static_cast<BYTE*>(data), &size);
+  return status == 0 ? size : 0xFFFFFFFF;
+}
