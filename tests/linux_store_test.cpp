@@ -3,9 +3,11 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <limits>
 #include <thread>
 #include <vector>
 
@@ -181,8 +183,11 @@ TEST_F(LinuxStoreTest, EveryReadKnowsWhetherSomebodyHasWritten) {
     UsePlainStateCheck(plain);
     Store::Forget();
     Store& store = UserStore();
-    ASSERT_EQ(Put("a", "1"), 0);
+    ASSERT_EQ(Put("a", "0"), 0);
     StoreState seen = store.State();
+    ASSERT_EQ(Put("a", "1"), 0);
+    EXPECT_NE(store.State(), seen);
+    seen = store.State();
     EXPECT_EQ(store.OwnState(), seen);
     EXPECT_EQ(store.State(), seen);
     const OtherProcess other(false);  // its start has closed the store here
@@ -296,6 +301,29 @@ TEST_F(LinuxStoreTest, AFullDiskRefusesAndHarmsNothing) {
   }
 }
 
+TEST_F(LinuxStoreTest, ASingleChangeWaitsForTheDiskAndABurstOnceASecond) {
+  using Clock = std::chrono::steady_clock;
+  const FullDisk disk(std::numeric_limits<std::int64_t>::max());
+  int change = 0;
+  const auto put = [&] { return Put("a", std::to_string(++change)); };
+  for (const bool again : {false, true}) {
+    Store::Forget();
+    // A change to what is there already is none.
+    ASSERT_EQ(again ? Put("a", std::to_string(change)) : 0, 0);
+    const int before = FullDisk::Syncs();
+    ASSERT_EQ(put(), 0);
+    const int synced = FullDisk::Syncs();
+    EXPECT_GT(synced, before);
+    ASSERT_EQ(put(), 0);
+    EXPECT_EQ(FullDisk::Syncs(), synced);
+    for (const auto start = Clock::now(); Clock::now() - start < std::chrono::milliseconds(1200);
+         usleep(50'000))
+      ASSERT_EQ(put(), 0);
+    EXPECT_EQ(FullDisk::Syncs(), synced + 1);
+  }
+  Store::Forget();
+}
+
 // What a process that is killed, or a machine that loses its power, can leave: any part of the log, and behind it what
 // the disk held before.
 TEST_F(LinuxStoreTest, EveryPartOfALogOpensToWhatItsCommitsHold) {
@@ -343,7 +371,7 @@ TEST_F(LinuxStoreTest, ADamagedStoreIsKeptAsideAndItsRowsAreSaved) {
       {"another program's", "PRAGMA application_id = 7", 0, 0, kValues, true},
       {"a table missing", "DROP TABLE event", 0, 0, kValues, true},
       {"pages in the middle", nullptr, 20 * 1024, 6 * 1024, kValues / 2, false},
-      {"cut to a half", nullptr, 30 * 1024, 0, 0, false},
+      {"cut to a half", nullptr, 30 * 1024, 0, kValues / 3, false},
       {"cut within the first page", nullptr, 600, 0, 0, false},
   };
   for (const auto& row : rows) {

@@ -13,6 +13,7 @@ const sqlite3_io_methods* s_Original = nullptr;
 std::int64_t s_Room = 0;
 std::int64_t s_Used = 0;
 std::int64_t s_Needed = 0;
+int s_Syncs = 0;
 
 bool Grow(std::int64_t bytes) {
   if (s_Used + bytes > s_Room) {
@@ -30,6 +31,11 @@ int Write(sqlite3_file* file, const void* data, int size, sqlite3_int64 offset) 
   return s_Original->xWrite(file, data, size, offset);
 }
 
+int Sync(sqlite3_file* file, int flags) {
+  ++s_Syncs;
+  return s_Original->xSync(file, flags);
+}
+
 int Map(sqlite3_file* file, int region, int size, int extend, void volatile** memory) {
   const int code = s_Original->xShmMap(file, region, size, 0, memory);
   if (*memory || !extend || (code & 0xFF) == SQLITE_READONLY) return code;
@@ -43,6 +49,7 @@ int OpenFile(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int*
   if (!s_Original || file->pMethods->xShmMap) s_Original = file->pMethods;
   sqlite3_io_methods& methods = s_Methods.try_emplace(file->pMethods, *file->pMethods).first->second;
   methods.xWrite = Write;
+  methods.xSync = Sync;
   if (methods.xShmMap) methods.xShmMap = Map;
   file->pMethods = &methods;
   return code;
@@ -52,7 +59,7 @@ int OpenFile(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int*
 
 FullDisk::FullDisk(std::int64_t bytes) {
   s_Room = bytes;
-  s_Used = s_Needed = 0;
+  s_Used = s_Needed = s_Syncs = 0;
   s_System = sqlite3_vfs_find(nullptr);
   s_Full = *s_System;
   s_Full.zName = "full";
@@ -67,4 +74,8 @@ FullDisk::~FullDisk() {
 
 std::int64_t FullDisk::Needed() {
   return s_Needed;
+}
+
+int FullDisk::Syncs() {
+  return s_Syncs;
 }

@@ -14,6 +14,8 @@ class FullDisk {
 
   // How many bytes would have done for the first growth that was refused; 0 when none was.
   static std::int64_t Needed();
+  // How often SQLite has waited for the disk.
+  static int Syncs();
 };
 
 #endif  // QEL_TESTS_FULL_DISK_H

@@ -28,6 +28,13 @@ std::int64_t CoarseTime() {
   return std::int64_t{now.tv_sec} * kSecond + now.tv_nsec;
 }
 
+int PagesWritten(sqlite3* database) {
+  int pages = 0;
+  int ignored = 0;
+  sqlite3_db_status(database, SQLITE_DBSTATUS_CACHE_WRITE, &pages, &ignored, 0);
+  return pages;
+}
+
 }  // namespace
 
 std::recursive_mutex& StoreLock() {
@@ -199,6 +206,7 @@ LONG Store::Commit() {
   // A fork in between has closed the connection.
   if (!m_Writing) return kStoreFailed;
   if (!m_Commit) m_Commit = Prepare(Connection(), "COMMIT");
+  const int before = PagesWritten(Connection());
   const int code = m_Commit ? RunOnce(m_Commit.get()) : SQLITE_NOMEM;
   if (code != SQLITE_DONE) {
     Rollback();
@@ -207,7 +215,8 @@ LONG Store::Commit() {
   m_Writing = false;
   ++m_OwnChanges;
   m_Left = StateLeft();
-  if (m_Synced) m_LastSynced = CoarseTime();
+  // Nothing waits for the disk when nothing is different from before.
+  if (m_Synced && PagesWritten(Connection()) != before) m_LastSynced = CoarseTime();
   return 0;
 }
 
