@@ -1,8 +1,6 @@
 // Kills a process that writes settings, again and again, while another reads and writes beside it: what a commit has
 // acknowledged must be there, a change is there as a whole or not at all, and nobody may get stuck.
 //   qel_store_kill [kills]
-#include <sys/mman.h>
-
 #include <atomic>
 #include <chrono>
 #include <csignal>
@@ -123,9 +121,7 @@ int main(int count, char** arguments) {
   const unsigned seed = std::random_device()();
   std::mt19937 random(seed);
   const TempRegistry registry;
-  void* const memory =
-      mmap(nullptr, sizeof(Shared), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-  auto& shared = *new (memory) Shared();
+  auto& shared = SharedByProcesses<Shared>();
   const pid_t beside = Start([&] { return WriteBeside(shared); });
   const auto start = Clock::now();
   Result result;

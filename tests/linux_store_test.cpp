@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
@@ -233,23 +234,34 @@ TEST_F(LinuxStoreTest, AForkBetweenTwoWritesLosesNeither) {
 }
 
 TEST_F(LinuxStoreTest, ProcessesThatStartAtOnceMakeOneStore) {
-  for (int round = 0; round < 100; ++round) {
-    const TempRegistry registry;
+  constexpr int kProcesses = 8;
+  constexpr int kRounds = 100;
+  struct Rounds {
+    std::atomic<int> begun, done, failed;
+  };
+  auto& rounds = SharedByProcesses<Rounds>();
+  const auto enter = [&](int round) {
+    setenv("QEL_REGISTRY_DIR", (Folder() + "/" + std::to_string(round)).c_str(), 1);
     Store::Forget();
-    int gate[2];
-    ASSERT_EQ(pipe(gate), 0);
-    std::vector<pid_t> children;
-    for (int i = 0; i < 8; ++i)
-      children.push_back(Start([&] {
-        char data = 0;
-        close(gate[1]);
-        return read(gate[0], &data, 1) == 0 ? static_cast<int>(Put(std::to_string(i), "1")) : 1;
-      }));
-    close(gate[0]);
-    close(gate[1]);
-    for (const pid_t child : children) EXPECT_EQ(Wait(child), 0);
-    ASSERT_EQ(Count("SELECT count(*) FROM value"), 8) << "round " << round;
+  };
+  std::vector<pid_t> children;
+  for (int i = 0; i < kProcesses; ++i)
+    children.push_back(Start([&] {
+      for (int round = 0; round < kRounds; ++round) {
+        enter(round);
+        while (rounds.begun <= round) usleep(20);
+        rounds.failed += Put(std::to_string(i), "1") != 0;
+        ++rounds.done;
+      }
+      return 0;
+    }));
+  for (int round = 0; round < kRounds; ++round) {
+    for (++rounds.begun; rounds.done < kProcesses * (round + 1);) usleep(20);
+    enter(round);
+    EXPECT_EQ(Count("SELECT count(*) FROM value"), kProcesses) << "round " << round;
   }
+  for (const pid_t child : children) EXPECT_EQ(Wait(child), 0);
+  EXPECT_EQ(rounds.failed, 0);
 }
 
 TEST_F(LinuxStoreTest, TwoProcessesOfTwoThreadsKeepEveryWrite) {

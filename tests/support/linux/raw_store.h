@@ -2,11 +2,13 @@
 #ifndef QEL_TESTS_RAW_STORE_H
 #define QEL_TESTS_RAW_STORE_H
 
+#include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <mutex>
+#include <new>
 #include <string>
 #include <utility>
 
@@ -71,6 +73,14 @@ int WithoutRights(Body body) {
     if (getuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0)) return 255;
     return body();
   }));
+}
+
+// What this process and those that it starts tell each other.
+template <class Content>
+Content& SharedByProcesses() {
+  void* const memory =
+      mmap(nullptr, sizeof(Content), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+  return *new (memory) Content();
 }
 
 // Another process with the same store: it writes the value "a" when it is asked to.
