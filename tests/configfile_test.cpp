@@ -12,8 +12,10 @@
 #include <vector>
 
 #include "px_format.h"
+#include "regconfig.h"
 #include "support/raises.h"
 #include "support/slots.h"
+#include "support/temp_registry.h"
 #include "support/text_store.h"
 
 using Qel::Sys::Text::pxFormat;
@@ -25,8 +27,11 @@ constexpr wchar_t kEntry[] = L"Entry";
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 struct TextPlace {
-  TextStore store;
-  TConfigFile& File() { return store; }
+  TextStore file;
+};
+struct RegistryPlace {
+  TempRegistry registry;
+  TRegConfigFile file{L"Test", HKEY_CURRENT_USER};
 };
 
 // Sees to it that a changed precision does not outlive its test.
@@ -116,9 +121,9 @@ template <class Place>
 class TypedEntriesTest : public testing::Test {
  protected:
   Place m_Place;
-  TConfigFile& m_File = m_Place.File();
+  TConfigFile& m_File = m_Place.file;
 };
-using Places = testing::Types<TextPlace>;
+using Places = testing::Types<TextPlace, RegistryPlace>;
 TYPED_TEST_SUITE(TypedEntriesTest, Places);
 
 }  // namespace
@@ -390,6 +395,36 @@ TEST(ConfigFileTest, LoadingMergesTextsAndNumbers) {
       {L"", L"nameless"},      {L"empty", L"before"}, {L"kept", L"k"}};
   EXPECT_EQ(target.sections[L"A"], expected);
   EXPECT_EQ(target.sections[L"B"], source.sections[L"B"]);
+}
+
+// A registry's ReadString and ReadInteger both take the bytes that are stored, whatever their type.
+TEST(ConfigFileTest, LoadingFromARegistryTakesFourBytesForAnInteger) {
+  RegistryPlace source;
+  const std::wstring longName(250, L'n');
+  const struct {
+    std::wstring entry;
+    const wchar_t *text, *loaded;
+  } rows[] = {{L"text", L" two words ", L"two words"},
+              {L"eight bytes", L"123", nullptr},
+              {L"four bytes", L"7", L"55"},
+              {L"", L"nameless", L"nameless"},
+              {L"last", L"-", L"-"}};
+  for (const auto& row : rows) source.file.WriteString(kSection, row.entry.c_str(), row.text);
+  source.file.WriteInteger(kSection, L"seven", 7);
+  source.file.WriteInteger(L"Other", L"digits", 0x00350031);
+  for (int i = 0; i < 20; ++i) source.file.WriteInteger(L"Long", (longName + std::to_wstring(i)).c_str(), 7);
+  TextStore target;
+  target.LoadValues(source.file);
+  for (const auto& row : rows) {
+    EXPECT_EQ(target.sections[kSection].contains(row.entry), row.loaded != nullptr);
+    EXPECT_EQ(target.sections[kSection][row.entry], row.loaded ? row.loaded : L"");
+  }
+  EXPECT_EQ(target.sections[kSection][L"seven"], L"\u0007");
+  EXPECT_EQ(target.sections[L"Other"][L"digits"], L"3473457");
+  EXPECT_EQ(target.sections[L"Long"].size(), 20U);
+  TRegConfigFile copy(L"Copy", HKEY_CURRENT_USER);
+  copy.LoadValues(source.file);
+  EXPECT_EQ(copy.ReadInteger(kSection, L"seven", 0), 7);
 }
 
 TEST(ConfigFileTest, LoadingLosesNoEntryOfLongSections) {
