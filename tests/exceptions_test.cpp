@@ -58,18 +58,6 @@ QEL_NOINLINE void RequirePositive(int number) {
   asm volatile("");
 }
 
-using Report = std::unique_ptr<qel_exception, void (*)(qel_exception*)>;
-
-Report Raised(void (*function)(int), int argument) {
-  const auto free = [](qel_exception* e) { e->Delete(); };
-  try {
-    function(argument);
-  } catch (qel_exception* e) {
-    return {e, free};
-  }
-  return {nullptr, free};
-}
-
 }  // namespace
 
 TEST(ExceptionsTest, EachKindAddsItsTextToTheMessage) {
@@ -146,7 +134,7 @@ TEST(ExceptionsTest, TheFirstLineOfTheStackIsTheFunctionThatRaised) {
               {"RequirePositive", RequirePositive, 0}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);
-    const Report e = Raised(row.function, row.argument);
+    const auto e = Raised([&] { row.function(row.argument); });
     ASSERT_TRUE(e);
     const auto plain = Frames(e->GetErrorDetails());
     ASSERT_FALSE(plain.empty());
@@ -161,8 +149,7 @@ TEST(ExceptionsTest, TheFirstLineOfTheStackIsTheFunctionThatRaised) {
 
 TEST(ExceptionsTest, TheSiteIsRecorded) {
   const int line = __LINE__ + 1;
-  const auto raise = [](int) { QEL_RAISE(guid_exception, L"x"); };
-  const Report e = Raised(raise, 0);
+  const auto e = Raised([] { QEL_RAISE(guid_exception, L"x"); });
   EXPECT_EQ(e->GetFile(), L"tests/exceptions");
   EXPECT_EQ(e->GetLineNumber(), line);
   EXPECT_NE(e->GetFunctionName().find("TheSiteIsRecorded"), std::string::npos) << e->GetFunctionName();
@@ -181,7 +168,7 @@ TEST(ExceptionsTest, TheResourceExceptionIsATextAndNoMemberOfTheFamily) {
 }
 
 TEST(ExceptionsTest, TheBaseNamesTheFamilyAndHasNoTextOfItsOwn) {
-  const Report e = Raised(RequirePositive, 0);
+  const auto e = Raised([] { RequirePositive(0); });
   EXPECT_STREQ(e->GetRuntimeClass()->m_lpszClassName, "CException");
   wchar_t buffer[] = L"before";
   unsigned help = 7;

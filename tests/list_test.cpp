@@ -14,6 +14,7 @@
 #include "support/raises.h"
 #include "theme.h"
 #include "tstring.h"
+#include "utf8.h"
 #include "xlist.h"
 
 using Qel::List;
@@ -53,20 +54,13 @@ Values Read(const AnyList& list) {
   return values;
 }
 
-// The place that a raising site records: path, line and whether the signature names `member`.
+// The path and line that a raising site records, when the signature names `member`.
 template <class Body>
 std::string SiteOf(Body&& body, const char* member) {
-  try {
-    body();
-  } catch (Qel::Sys::Exceptions::TXAssertion* e) {
-    const std::wstring path(e->GetFile());
-    const bool named = e->GetFunctionName().find(member) != std::string::npos;
-    std::string site(path.begin(), path.end());
-    site += ":" + std::to_string(e->GetLineNumber()) + (named ? "" : " in " + e->GetFunctionName());
-    e->Delete();
-    return site;
-  }
-  return "nothing raised";
+  const auto e = Raised(body);
+  if (!e || e->GetFunctionName().find(member) == std::string::npos)
+    return "not raised by " + std::string(member);
+  return Qel::ToUtf8(e->GetFile()) + ":" + std::to_string(e->GetLineNumber());
 }
 
 // An element that counts its likes and can refuse to be copied.

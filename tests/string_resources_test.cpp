@@ -133,14 +133,10 @@ TEST_F(StringResourcesTest, ALanguageWithoutTheTextGivesWay) {
 }
 
 TEST_F(StringResourcesTest, AMissingModuleRaises) {
-  try {
-    ResStr(155);
-    ADD_FAILURE() << "nothing raised";
-  } catch (Qel::Sys::Exceptions::res_exception* e) {
-    EXPECT_EQ(e->GetError(), L"Resource library not loaded in 'LoadString'");
-    EXPECT_EQ(e->GetFile(), L"src/string_tools");
-    e->Delete();
-  }
+  const auto e = Raised([] { ResStr(155); });
+  ASSERT_TRUE(dynamic_cast<Qel::Sys::Exceptions::res_exception*>(e.get()));
+  EXPECT_EQ(e->GetError(), L"Resource library not loaded in 'LoadString'");
+  EXPECT_EQ(e->GetFile(), L"src/string_tools");
 }
 
 TEST_F(StringResourcesTest, LoadStringIsOursWhereverWindowsHIsIncluded) {

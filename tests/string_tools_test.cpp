@@ -121,14 +121,9 @@ TEST(StringToolsTest, GetHexKnowsTheAsciiDigitsAndRaisesForTheRest) {
       EXPECT_EQ(value, at < 16 ? at : at - 6) << c;
   }
   EXPECT_EQ(GetHex(0), 0);
-  try {
-    GetHex('g');
-    ADD_FAILURE();
-  } catch (Qel::Sys::Exceptions::TXAssertion* e) {
-    EXPECT_EQ(e->GetFile(), L"src/string_tools");
-    EXPECT_EQ(e->GetLineNumber(), 395);
-    e->Delete();
-  }
+  const auto e = Raised([] { GetHex('g'); });
+  EXPECT_EQ(e->GetFile(), L"src/string_tools");
+  EXPECT_EQ(e->GetLineNumber(), 395);
 }
 
 TEST(StringToolsTest, EscapesTouchTheirOwnCharactersOnly) {

@@ -25,24 +25,10 @@ int Sign(int order) {
   return (order > 0) - (order < 0);
 }
 
-// What two texts are to each other, by the three ways of comparing: -1, 0 or 1 each.
-struct Orders {
-  int ignoringCase, lettersOnly, exact;
-  bool operator==(const Orders&) const = default;
-};
-
-Orders OrdersOf(const std::wstring& a, const std::wstring& b) {
+// What two texts are to each other, ignoring case, by their letters alone and exactly: -1, 0 or 1 each.
+std::array<int, 3> OrdersOf(const std::wstring& a, const std::wstring& b) {
   return {IgnoringCase(a.c_str(), -1, b.c_str(), -1) - CSTR_EQUAL,
           LettersOnly(a.c_str(), -1, b.c_str(), -1) - CSTR_EQUAL, Sign(lstrcmpW(a.c_str(), b.c_str()))};
-}
-
-Orders Opposite(const Orders& orders) {
-  return {-orders.ignoringCase, -orders.lettersOnly, -orders.exact};
-}
-
-std::string Spelled(const Orders& orders) {
-  return std::to_string(orders.ignoringCase) + " " + std::to_string(orders.lettersOnly) + " " +
-         std::to_string(orders.exact);
 }
 
 // ICU's order is another one for some punctuation and rare forms; the tables name the reason at each such
@@ -59,8 +45,10 @@ TEST(CollateTest, PairsSortAsRecordedFromBothSides) {
     SCOPED_TRACE(row["a"] + " " + row["b"]);
     const std::wstring a = row.Wide("a").value();
     const std::wstring b = row.Wide("b").value();
-    ExpectAnswer(row, Spelled(OrdersOf(a, b)));
-    EXPECT_EQ(OrdersOf(a, b), Opposite(OrdersOf(b, a)));
+    const auto [ignoringCase, lettersOnly, exact] = OrdersOf(a, b);
+    ExpectAnswer(
+        row, std::to_string(ignoringCase) + " " + std::to_string(lettersOnly) + " " + std::to_string(exact));
+    EXPECT_EQ(OrdersOf(b, a), (std::array<int, 3>{-ignoringCase, -lettersOnly, -exact}));
   }
 }
 
