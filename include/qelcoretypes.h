@@ -34,6 +34,7 @@
 #include "qel_export.h"
 #include "regconfig.h"
 #include "regkey.h"
+#include "regtools.h"
 #include "report.h"
 #include "round.h"
 #include "settings_store.h"

@@ -14,8 +14,6 @@ namespace {
 
 LONG StatusOf(int error) {
   switch (error) {
-    case ENOENT:
-      return 2;
     case ENOTDIR:
       return 3;
     case EACCES:
@@ -33,6 +31,14 @@ LONG StatusOf(int error) {
 
 std::string NativePath(const wchar_t* path) {
   return Qel::ToUtf8(Qel::ToNativePath(path).View());
+}
+
+// Why a file could not be opened: Windows tells a missing folder from a missing file.
+LONG OpeningStatus(const std::string& path) {
+  if (errno != ENOENT) return StatusOf(errno);
+  const std::size_t slash = path.rfind('/');
+  const bool hasFolder = slash == 0 || slash == path.npos || access(path.substr(0, slash).c_str(), F_OK) == 0;
+  return hasFolder ? 2 : 3;
 }
 
 class File {
@@ -69,7 +75,7 @@ LONG WriteAll(const File& file, const BYTE* data, std::size_t size) {
 LONG WriteBeside(const std::string& path, mode_t mode, const BYTE* data, std::size_t size) {
   const std::string temporary = path + ".new-" + std::to_string(getpid());
   File file(temporary, O_WRONLY | O_CREAT | O_EXCL, 0666);
-  if (!file.IsOpen()) return StatusOf(errno);
+  if (!file.IsOpen()) return OpeningStatus(path);
   LONG status = WriteAll(file, data, size);
   if (status == 0 && mode != 0 && fchmod(file.Number(), mode) != 0) status = StatusOf(errno);
   if (status == 0 && fsync(file.Number()) != 0) status = StatusOf(errno);
@@ -90,8 +96,9 @@ std::string Target(const std::string& path) {
 }  // namespace
 
 LONG ReadWholeFile(const wchar_t* path, std::vector<BYTE>& content, std::size_t most) {
-  const File file(NativePath(path), O_RDONLY);
-  if (!file.IsOpen()) return StatusOf(errno);
+  const std::string native = NativePath(path);
+  const File file(native, O_RDONLY);
+  if (!file.IsOpen()) return OpeningStatus(native);
   content.clear();
   for (std::size_t filled = 0;;) {
     content.resize(std::max<std::size_t>(65536, filled * 2));
