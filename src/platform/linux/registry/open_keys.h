@@ -31,7 +31,7 @@ class UsedKey {
   OpenKey* operator->() const noexcept { return m_Key; }
 
  private:
-  std::lock_guard<std::recursive_mutex> m_Lock;
+  std::lock_guard<StoreMutex> m_Lock;
   OpenKey* m_Key;
   REGSAM m_Needed;
 };

@@ -37,8 +37,8 @@ int PagesWritten(sqlite3* database) {
 
 }  // namespace
 
-std::recursive_mutex& StoreLock() {
-  static std::recursive_mutex s_Lock;
+StoreMutex& StoreLock() {
+  static StoreMutex s_Lock;
   return s_Lock;
 }
 

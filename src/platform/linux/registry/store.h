@@ -8,10 +8,10 @@
 #include <sqlite3.h>
 
 #include <cstdint>
-#include <mutex>
 #include <string>
 
 #include "platform/platform.h"
+#include "store_mutex.h"
 #include "store_open.h"
 #include "store_place.h"
 #include "store_sqlite.h"
@@ -93,6 +93,6 @@ class Store {
 };
 
 // Guards all stores and what is kept in memory of them. Taken again by the same thread within BeginKeyChanges.
-std::recursive_mutex& StoreLock();
+StoreMutex& StoreLock();
 
 #endif  // QEL_PLATFORM_LINUX_REGISTRY_STORE_H

@@ -2,8 +2,6 @@
 
 #include <pthread.h>
 
-#include <new>
-
 #include "store.h"
 
 namespace {
@@ -15,18 +13,13 @@ void BeforeFork() {
   Store::Forget();
 }
 
-void AfterForkInParent() {
+void AfterFork() {
   StoreLock().unlock();
-}
-
-// The lock's owner is a thread of the parent, so that nobody here could release it.
-void AfterForkInChild() {
-  new (&StoreLock()) std::recursive_mutex;
 }
 
 }  // namespace
 
 void CloseStoresAtForks() {
-  static const int s_Registered = pthread_atfork(BeforeFork, AfterForkInParent, AfterForkInChild);
+  static const int s_Registered = pthread_atfork(BeforeFork, AfterFork, AfterFork);
   static_cast<void>(s_Registered);
 }
