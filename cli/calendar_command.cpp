@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <charconv>
 #include <memory>
 #include <optional>
 #include <string>
@@ -8,11 +7,11 @@
 #include "calendar.h"
 #include "commands.h"
 #include "day.h"
-#include "digits.h"
 #include "format.h"
 #include "hcalendar.h"
 #include "output.h"
 #include "text.h"
+#include "typed_month.h"
 
 namespace Cli {
 
@@ -25,25 +24,6 @@ constexpr int kDaysInWeek = 7;
 constexpr int kMonthAndYear = 3;                     // the style of DateToAsc
 constexpr int kLastYear = 9999;                      // of the system's dates
 constexpr std::string_view kRightToLeft = "\u200F";  // tells a terminal which way a line without letters runs
-
-struct TypedMonth {
-  int year = 0, month = 0;
-  int position = 0;  // of the first character that does not belong, from 1 on; 0 when all do
-};
-
-// "2026-11", in any digits. The month is taken as it stands.
-TypedMonth ReadMonth(const std::string& typed) {
-  const std::string text = Utf8(Qel::Sys::Text::FoldDigits(Wide(typed)));
-  const char *const begin = text.c_str(), *const end = begin + text.size();
-  TypedMonth month;
-  const char* stop = std::from_chars(begin, end, month.year).ptr;
-  const bool hyphen = stop > begin && *stop == '-';
-  const char* const monthBegin = hyphen ? stop + 1 : stop;
-  if (hyphen) stop = std::from_chars(monthBegin, end, month.month).ptr;
-  if (!hyphen || stop == monthBegin || stop != end)
-    month.position = static_cast<int>(std::max(stop, monthBegin) - begin) + 1;
-  return month;
-}
 
 int FirstYear(bool hijri) {
   return hijri ? THCalendar::GtoH(THCalendar::FirstDay()).Year() : BASEDATE;
@@ -137,7 +117,7 @@ class Grid {
   std::string Text() const;
 
  private:
-  std::string Cell(const Date& day) const;
+  std::string Cell(std::size_t index) const;
   // 0 to 6.
   int Column(const Date& day) const {
     return (m_Calendar.GetDayOfWeek(day) - m_WeekStart + kDaysInWeek) % kDaysInWeek;
@@ -159,14 +139,16 @@ Grid::Grid(const TCalendar& calendar, const Date& first, const Options& options)
       m_Both(options.both),
       m_WeekStart(WeekStart(options)),
       m_Days(DaysOfMonth(calendar, first)) {
-  for (const Date& day : m_Days)
-    m_Width = std::max({m_Width, Columns(Cell(day)), 1 + Columns(Utf8(calendar.GetDayOfWeekName(day)))});
+  for (std::size_t i = 0; i < m_Days.size(); ++i)
+    m_Width = std::max({m_Width, Columns(Cell(i)), 1 + Columns(Utf8(calendar.GetDayOfWeekName(m_Days[i])))});
   ++m_Width;
 }
 
-// "7", or "7 (26)" with the other calendar; today in brackets.
-std::string Grid::Cell(const Date& day) const {
-  std::string cell = InUserDigits(m_Calendar.GetDay(day));
+// "7", or "7 (26)" with the other calendar; today in brackets. Days are counted, since the calendar tells the days of
+// a corrected month as if it had no correction.
+std::string Grid::Cell(std::size_t index) const {
+  const Date& day = m_Days[index];
+  std::string cell = InUserDigits(static_cast<int>(index) + 1);
   if (m_Both) {
     const std::string other = Joined({"(", OtherNumber(day), ")"});
     cell += Joined({" ", Padding(other, 4), other});
@@ -184,8 +166,9 @@ std::string Grid::Heading() const {
 
 std::string Grid::Weeks() const {
   std::string rows, row(static_cast<std::size_t>(Column(m_Days.front()) * m_Width), ' ');
-  for (const Date& day : m_Days) {
-    const std::string cell = Cell(day);
+  for (std::size_t i = 0; i < m_Days.size(); ++i) {
+    const Date& day = m_Days[i];
+    const std::string cell = Cell(i);
     row += Padding(cell, m_Width) + cell;
     if (Column(day) < kDaysInWeek - 1 && day != m_Days.back()) continue;
     rows += AsLine(row);
@@ -200,14 +183,15 @@ std::string Grid::Centred(const std::string& text) const {
 }
 
 std::string Grid::Text() const {
-  const Date &first = m_Days.front(), &last = m_Days.back();
-  return Centred(InUserDigits(Utf8(m_Calendar.ToAsc(first, kMonthAndYear)))) +
-         Centred(OtherRange(first, last)) + AsLine(Heading()) + Weeks();
+  const Date& middle = m_Days[m_Days.size() / 2];  // in this month with any correction
+  return Centred(InUserDigits(Utf8(m_Calendar.ToAsc(middle, kMonthAndYear)))) +
+         Centred(OtherRange(m_Days.front(), m_Days.back())) + AsLine(Heading()) + Weeks();
 }
 
 }  // namespace
 
 int RunCalendar(const Options& options) {
+  LoadHijriDateShifts();
   const std::unique_ptr<const TCalendar> calendar(CreateCalendar());
   const auto first = options.operands.empty() ? FirstDayOfThisMonth(*calendar)
                                               : FirstDay(*calendar, options.operands.front());

@@ -76,6 +76,7 @@ class CommandLine {
   void AddDate();
   void AddCalendar();
   void AddCalc();
+  void AddHijri();
   void AddColor();
   void AddStruct();
   void AddCommon(CLI::App& app);
@@ -105,6 +106,7 @@ CommandLine::CommandLine(Options& options) : m_Options(options), m_App(Say(Text:
   AddDate();
   AddCalendar();
   AddCalc();
+  AddHijri();
   AddColor();
   AddStruct();
   Add(m_App, "error", Text::Error, RunError);
@@ -163,6 +165,15 @@ void CommandLine::AddCalc() {
   Command& calc = Add(m_App, "calc", Text::Calc, RunCalc);
   AddOperand(calc, "EXPR", Text::OperandExpressions, true);
   calc.app->positionals_at_end();  // what follows the first expression is never an option
+}
+
+void CommandLine::AddHijri() {
+  Command& hijri = Add(m_App, "hijri", Text::Hijri, nullptr);
+  Add(*hijri.app, "list", Text::HijriList, RunHijriList);
+  Command& shift = Add(*hijri.app, "shift", Text::HijriShift, RunHijriShift);
+  AddOperand(shift, "YYYY-MM", Text::OperandHijriMonth);
+  AddOperand(shift, "N", Text::OperandShift);
+  Add(*hijri.app, "verify", Text::HijriVerify, RunHijriVerify);
 }
 
 void CommandLine::AddColor() {

@@ -65,6 +65,7 @@ std::string OutsideText() {
 }  // namespace
 
 int RunDateAdd(const Options& options) {
+  LoadHijriDateShifts();
   const std::string &text = options.operands[0], &number = options.operands[1], &unit = options.operands[2];
   const Addition add = AdditionOf(unit);
   if (!add) {
@@ -82,6 +83,7 @@ int RunDateAdd(const Options& options) {
 }
 
 int RunDateDiff(const Options& options) {
+  LoadHijriDateShifts();
   const std::optional<Date> a = ReadOrComplain(options.operands[0], options);
   const std::optional<Date> b = ReadOrComplain(options.operands[1], options);
   if (!a || !b) return kUnreadable;

@@ -1,5 +1,6 @@
 #include "commands.h"
 #include "day.h"
+#include "hcalendar.h"
 #include "output.h"
 #include "platform/platform.h"
 #include "text.h"
@@ -43,6 +44,7 @@ bool ShowDatesOfInput(const Options& options) {
 }  // namespace
 
 int RunDate(const Options& options) {
+  Qel::Sys::DateTime::LoadHijriDateShifts();
   bool accepted = true;
   for (const std::string& text : options.operands)
     accepted = (text == "-" ? ShowDatesOfInput(options) : ShowDate(text, options, {})) && accepted;

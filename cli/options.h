@@ -7,7 +7,7 @@
 
 namespace Cli {
 
-enum ExitCode : int { kDone = 0, kNotWritten = 1, kUsage = 2, kUnreadable = 3 };
+enum ExitCode : int { kDone = 0, kNo = 1, kNotWritten = 1, kUsage = 2, kUnreadable = 3, kStore = 5 };
 
 struct Options {
   std::string language;         // "en" or "ar"

@@ -25,10 +25,15 @@
 // Kept: IsLeapYear stays the Gregorian rule for whatever year it gets, because hosts ask it about the stored
 // day's.
 //
-// Corrections have no lock: set them while the host starts, before dates are converted. All else is free of
+// Corrections are kept in the settings of the current user: section HijriShift, entries such as 1445-09 whose
+// value is the shift. LoadHijriDateShifts() enters them.
+//
+// Corrections have no lock: set or load them while the host starts, before dates are converted. All else is free of
 // shared state and may be used from several threads.
 #ifndef QEL_HCALENDAR_H
 #define QEL_HCALENDAR_H
+
+#include <vector>
 
 #include "calendar.h"
 #include "date.h"
@@ -135,6 +140,28 @@ class QEL_API THCalendar : public TGCalendar {
   static int _GetDaysOfMonth(int year, int month);
   // NOLINTEND(bugprone-reserved-identifier)
 };
+
+// The section of the settings, and what is wrong with a correction that is stored there.
+inline constexpr const wchar_t* kHijriShiftSection = L"HijriShift";
+enum class THijriShiftFault {
+  None,
+  NotAMonth,        // the entry's name is no year and month such as 1445-09
+  YearOutside,      // the year is not in the table
+  NotAnInteger,     // the value is not stored as one
+  ShiftOutside,     // it is more than two days
+  LateStartOfYear,  // Muharram cannot begin later than the table says
+};
+struct THijriShiftSkipped {
+  CString entry;
+  THijriShiftFault fault;
+};
+
+// What a correction would be skipped for.
+QEL_API THijriShiftFault CheckHijriDateShift(int hmonth, int hyear, int shift) noexcept;
+
+// Enters the stored corrections; those that are set and not stored stay. Returns what was skipped. Reads alone: no
+// section is made, and settings that cannot be read count as empty.
+QEL_API std::vector<THijriShiftSkipped> LoadHijriDateShifts();
 
 }  // namespace Qel::Sys::DateTime
 

@@ -54,7 +54,10 @@ endmacro()
 
 get_filename_component(WORK "${SESSION}" NAME)
 set(WORK "${CMAKE_CURRENT_BINARY_DIR}/qel_session_${WORK}")
+file(REMOVE_RECURSE "${WORK}")
 file(MAKE_DIRECTORY "${WORK}")
+# Settings of its own. On Windows they are those of the prefix, and a session takes back what it has stored.
+set(ENV{QEL_REGISTRY_DIR} "${WORK}/registry")
 file(READ "${SESSION}" text)
 string(REGEX REPLACE "([^\n])$" "\\1\n" text "${text}")
 string(COMPARE EQUAL "${MARKDOWN}" "" listening)
