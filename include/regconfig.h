@@ -53,6 +53,10 @@ class QEL_API TRegConfigFile : public TConfigFile {
 
   HKEY GetHKey() const noexcept { return m_Root; }
 
+ protected:
+  // By the whole path below `root`.
+  TRegConfigFile(HKEY root, const wchar_t* path);
+
  private:
   HKEY m_Root;
 };

@@ -57,7 +57,7 @@ class QEL_API TRegKey {
   static TRegKey& ClassesRootClsid() { return GetClassesRootClsid(); }
 
   operator HKEY() const noexcept { return m_Key; }
-  const wchar_t* GetName() const noexcept { return m_Name; }
+  const wchar_t* GetName() const noexcept { return m_Name ? m_Name : L""; }
   // As of the opening; what comes and goes later does not count.
   unsigned int GetSubkeyCount() const noexcept { return m_SubkeyCount; }
   unsigned int GetValueCount() const noexcept { return m_ValueCount; }
@@ -109,7 +109,7 @@ class QEL_API TRegKey {
   bool DescendToFirst(std::unique_ptr<TRegKey>& child) const;
 
   HKEY m_Key = nullptr;
-  wchar_t* m_Name;  // owned, from strnewdup
+  wchar_t* m_Name;  // owned, from strnewdup; null: empty
   unsigned int m_SubkeyCount = 0;
   unsigned int m_ValueCount = 0;
   bool m_ShouldClose;

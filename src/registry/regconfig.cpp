@@ -39,11 +39,30 @@ class SectionPath {
   const wchar_t* m_Path;
 };
 
-// The section's key, made when it is missing.
-class SectionKey : public TRegKey {
+// The section's key for one read or write, made when it is missing. A TRegKey would also copy its name and count.
+class SectionKey {
  public:
-  SectionKey(const TRegConfigFile& file, const wchar_t* section)
-      : TRegKey(file.GetHKey(), SectionPath(file.GetFileName(), section), KEY_ALL_ACCESS, CreateOK) {}
+  SectionKey(const TRegConfigFile& file, const wchar_t* section) {
+    const SectionPath path(file.GetFileName(), section);
+    RegCreateKeyExW(file.GetHKey(), path, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &m_Key, nullptr);
+  }
+  SectionKey(const SectionKey&) = delete;
+  SectionKey& operator=(const SectionKey&) = delete;
+  ~SectionKey() {
+    if (m_Key) RegCloseKey(m_Key);
+  }
+
+  // As the functions of the registry: 0, or 6 too when the key could not be opened.
+  LONG Query(const wchar_t* entry, void* data, DWORD& size) const {
+    return RegQueryValueExW(m_Key, entry, nullptr, nullptr, static_cast<BYTE*>(data), &size);
+  }
+  LONG Set(const wchar_t* entry, DWORD type, const void* data, DWORD size) const {
+    return RegSetValueExW(m_Key, entry, 0, type, static_cast<const BYTE*>(data), size);
+  }
+  LONG Delete(const wchar_t* entry) const { return RegDeleteValueW(m_Key, entry); }
+
+ private:
+  HKEY m_Key = nullptr;
 };
 
 // The key that the sections are below.
@@ -64,7 +83,9 @@ int CopyClipped(const wchar_t* text, wchar_t* buffer, unsigned int size) {
 }  // namespace
 
 TRegConfigFile::TRegConfigFile(const wchar_t* name, HKEY root)
-    : TConfigFile(CString(L"Software\\") + (name ? name : L"")), m_Root(root) {
+    : TRegConfigFile(root, CString(L"Software\\") + (name ? name : L"")) {}
+
+TRegConfigFile::TRegConfigFile(HKEY root, const wchar_t* path) : TConfigFile(path), m_Root(root) {
   if (HKEY(TRegKey(root, false, L""))) return;
   m_Root = nullptr;
   Qel::Sys::Exceptions::ThrowResourceException();
@@ -76,7 +97,7 @@ bool TRegConfigFile::SectionExists(const wchar_t* section) const {
 }
 
 int TRegConfigFile::ReadSection(const wchar_t* section, wchar_t* buffer, unsigned int size) const {
-  const SectionKey key(*this, section);
+  const TRegKey key(m_Root, SectionPath(GetFileName(), section), KEY_ALL_ACCESS, TRegKey::CreateOK);
   NameList names(buffer, size);
   wchar_t name[kValueNameRoom];
   for (TRegValueIterator it(key); it; ++it) {
@@ -103,52 +124,52 @@ bool TRegConfigFile::EraseSection(const wchar_t* section) {
 }
 
 bool TRegConfigFile::EraseEntry(const wchar_t* section, const wchar_t* entry) {
-  return SectionKey(*this, section).DeleteValue(entry) == 0;
+  return SectionKey(*this, section).Delete(entry) == 0;
 }
 
 int TRegConfigFile::ReadString(const wchar_t* section, const wchar_t* entry, wchar_t* buffer,
                                unsigned int size, const wchar_t* defaultValue) const {
   const SectionKey key(*this, section);
-  unsigned int bytes = size;
+  DWORD bytes = size;
   BYTE nothing = 0;
   BYTE* const data = size ? reinterpret_cast<BYTE*>(buffer) : &nothing;  // null would only ask for the size
-  if (key.QueryValue(entry, nullptr, data, &bytes) != 0) return CopyClipped(defaultValue, buffer, size);
+  if (key.Query(entry, data, bytes) != 0) return CopyClipped(defaultValue, buffer, size);
   if (size) buffer[UnitsFromBytes(buffer, size - 1, data, bytes)] = L'\0';
   return static_cast<int>(bytes);
 }
 
 bool TRegConfigFile::WriteString(const wchar_t* section, const wchar_t* entry, const wchar_t* value) {
   const Utf16Text text(value);
-  return SectionKey(*this, section).SetValue(entry, REG_SZ, text.Data(), text.SizeWithTerminator()) == 0;
+  return SectionKey(*this, section).Set(entry, REG_SZ, text.Data(), text.SizeWithTerminator()) == 0;
 }
 
 bool TRegConfigFile::ReadData(const wchar_t* section, const wchar_t* entry, void* data,
                               unsigned int size) const {
-  return SectionKey(*this, section).QueryValue(entry, nullptr, static_cast<BYTE*>(data), &size) == 0;
+  DWORD bytes = size;
+  return SectionKey(*this, section).Query(entry, data, bytes) == 0;
 }
 
 bool TRegConfigFile::WriteData(const wchar_t* section, const wchar_t* entry, void* data, unsigned int size) {
-  return SectionKey(*this, section).SetValue(entry, REG_BINARY, static_cast<const BYTE*>(data), size) == 0;
+  return SectionKey(*this, section).Set(entry, REG_BINARY, data, size) == 0;
 }
 
 int TRegConfigFile::ReadInteger(const wchar_t* section, const wchar_t* entry, int defaultValue) const {
-  const SectionKey key(*this, section);
   int value = 0;
-  unsigned int size = sizeof(value);
-  const long status = key.QueryValue(entry, nullptr, reinterpret_cast<BYTE*>(&value), &size);
-  return status == 0 ? value : defaultValue;
+  DWORD size = sizeof(value);
+  return SectionKey(*this, section).Query(entry, &value, size) == 0 ? value : defaultValue;
 }
 
 bool TRegConfigFile::WriteInteger(const wchar_t* section, const wchar_t* entry, int value) {
-  return SectionKey(*this, section).SetValue(entry, static_cast<unsigned int>(value)) == 0;
+  return SectionKey(*this, section).Set(entry, REG_DWORD, &value, sizeof(value)) == 0;
 }
 
 TQelReg::TQelReg(bool machine)
-    : TRegConfigFile(L"qelmarsoft\\Qelmar\\9.0", machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER) {}
+    : TRegConfigFile(machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER, L"Software\\qelmarsoft\\Qelmar\\9.0") {
+}
 
 unsigned int TQelReg::ReadData2(const wchar_t* section, const wchar_t* entry, void* data,
                                 unsigned int size) const {
-  const SectionKey key(*this, section);
-  const long status = key.QueryValue(entry, nullptr, static_cast<BYTE*>(data), &size);
-  return status == 0 ? size : 0xFFFFFFFF;
+  DWORD bytes = size;
+  return SectionKey(*this, section).Query(entry, data, bytes) == 0 ? static_cast<unsigned int>(bytes)
+                                                                   : 0xFFFFFFFF;
 }

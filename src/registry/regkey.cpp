@@ -31,15 +31,20 @@ class InOut {
   DWORD m_Value;
 };
 
+// A key without a name, as an alias often is, needs no memory for it.
+wchar_t* CopyOf(const wchar_t* name) {
+  return name && *name ? strnewdup(name, 0) : nullptr;
+}
+
 }  // namespace
 
 TRegKey::TRegKey(HKEY baseKey, const wchar_t* keyName, unsigned long access, TCreateOK createOK)
-    : m_Name(strnewdup(keyName, 0)), m_ShouldClose(true) {
+    : m_Name(CopyOf(keyName)), m_ShouldClose(true) {
   Open(baseKey, access, createOK == CreateOK);
 }
 
 TRegKey::TRegKey(HKEY aliasKey, bool shouldClose, const wchar_t* keyName)
-    : m_Key(aliasKey), m_Name(strnewdup(keyName, 0)), m_ShouldClose(shouldClose) {
+    : m_Key(aliasKey), m_Name(CopyOf(keyName)), m_ShouldClose(shouldClose) {
   // No more is asked for than the counts: the longest names would have to be looked for.
   DWORD subKeys = 0, values = 0;
   const long status = RegQueryInfoKeyW(m_Key, nullptr, nullptr, nullptr, &subKeys, nullptr, nullptr, &values,
@@ -51,14 +56,14 @@ TRegKey::TRegKey(HKEY aliasKey, bool shouldClose, const wchar_t* keyName)
 
 TRegKey::TRegKey(const TRegKeyIterator& iter, unsigned long access) : m_Name(nullptr), m_ShouldClose(true) {
   wchar_t name[kKeyNameRoom] = {};
-  const bool found = iter.GetKey().EnumKey(iter.GetIndex(), name, kKeyNameRoom) == 0;
-  m_Name = strnewdup(found ? name : L"", 0);
+  const bool found = iter.GetKey().EnumKey(iter.GetIndex(), name, kKeyNameRoom) == 0 && *name;
+  m_Name = found ? CopyOf(name) : nullptr;
   if (found) Open(iter.GetKey(), access, false);  // without a name it would be the iterator's key itself
 }
 
 void TRegKey::Open(HKEY baseKey, unsigned long access, bool create) {
   DWORD subKeys = 0, values = 0;
-  OpenKeyAndCount(baseKey, m_Name, static_cast<REGSAM>(access), create, &m_Key, &subKeys, &values);
+  OpenKeyAndCount(baseKey, GetName(), static_cast<REGSAM>(access), create, &m_Key, &subKeys, &values);
   m_SubkeyCount = subKeys;
   m_ValueCount = values;
 }
@@ -98,7 +103,7 @@ long TRegKey::NukeKey(const wchar_t* subKeyName) {
     path.pop_back();
     emptied->Close();
     TRegKey& parent = path.empty() ? *this : *path.back();
-    if (const long status = parent.DeleteKey(emptied->m_Name)) return status;
+    if (const long status = parent.DeleteKey(emptied->GetName())) return status;
   }
   return 0;
 }

@@ -14,7 +14,7 @@ namespace {
 // The editor itself cannot write what is no terminated text, or no number, of its type.
 const wchar_t* const kOddities[] = {L"no text", L"two ends", L"short number"};
 
-// Values of every type and of awkward sizes and names. Unterminated texts are left out: Wine's editor gives them an end.
+// Values of every type and of awkward sizes and names; no unterminated text, which Wine's editor gives an end.
 void Fill(const TRegKey& key) {
   using namespace std::string_literals;
   const struct {
