@@ -79,6 +79,7 @@ class CommandLine {
   void AddHijri();
   void AddColor();
   void AddStruct();
+  void AddSettings();
   void AddCommon(CLI::App& app);
   void AddReading(CLI::App& app);
   void AddOperand(Command& command, const char* name, Text description, bool many = false);
@@ -109,6 +110,8 @@ CommandLine::CommandLine(Options& options) : m_Options(options), m_App(Say(Text:
   AddHijri();
   AddColor();
   AddStruct();
+  AddSettings();
+  Add(m_App, "doctor", Text::Doctor, RunDoctor);
   Add(m_App, "error", Text::Error, RunError);
   Add(m_App, "version", Text::Version, RunVersion);
 }
@@ -210,6 +213,51 @@ void CommandLine::AddStruct() {
   Command& decode = Add(*record.app, "decode", Text::StructDecode, RunStructDecode);
   decode.app->add_option("--size", m_Options.size, Say(Text::OptionSize))->type_name("N")->take_last();
   AddOperand(decode, "TEXT", Text::OperandRecord, true);
+}
+
+void CommandLine::AddSettings() {
+  Command& settings = Add(m_App, "settings", Text::Settings, nullptr);
+  const auto add = [&](const char* name, Text description, Run run) -> Command& {
+    Command& command = Add(*settings.app, name, description, run);
+    if (run != RunSettingsImport) AddFlag(*command.app, "--machine", m_Options.machine, Text::OptionMachine);
+    return command;
+  };
+  // Operands that may be left out come behind those that may not.
+  const auto addSection = [&](Command& command, bool optional) {
+    AddOperand(command, "SECTION", optional ? Text::OperandSections : Text::OperandSection);
+    if (optional) command.operands.pop_back();
+  };
+  addSection(add("list", Text::SettingsList, RunSettingsList), true);
+
+  Command& get = add("get", Text::SettingsGet, RunSettingsGet);
+  addSection(get, false);
+  AddOperand(get, "ENTRY", Text::OperandEntry);
+
+  Command& set = add("set", Text::SettingsSet, RunSettingsSet);
+  AddChoice(*set.app, "--type", m_Options.type, {"string", "expand", "dword", "qword", "binary"},
+            Text::OptionType);
+  addSection(set, false);
+  AddOperand(set, "ENTRY", Text::OperandEntry);
+  AddOperand(set, "VALUE", Text::OperandValue);
+
+  Command& unset = add("unset", Text::SettingsUnset, RunSettingsUnset);
+  AddFlag(*unset.app, "--all", m_Options.all, Text::OptionAll);
+  addSection(unset, false);
+  AddOperand(unset, "ENTRY", Text::OperandEntry);
+  unset.operands.pop_back();
+
+  Command& exported = add("export", Text::SettingsExport, RunSettingsExport);
+  AddOperand(exported, "FILE", Text::OperandFile);
+  addSection(exported, true);
+  AddOperand(add("import", Text::SettingsImport, RunSettingsImport), "FILE", Text::OperandFile);
+
+  Command& watch = add("watch", Text::SettingsWatch, RunSettingsWatch);
+  AddFlag(*watch.app, "--once", m_Options.once, Text::OptionOnce);
+  watch.app->add_option("--seconds", m_Options.seconds, Say(Text::OptionSeconds))
+      ->type_name("N")
+      ->take_last();
+  addSection(watch, true);
+  add("path", Text::SettingsPath, RunSettingsPath);
 }
 
 void CommandLine::AddCommon(CLI::App& app) {

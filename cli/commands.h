@@ -22,6 +22,15 @@ int RunHijriShift(const Options& options);
 int RunHijriVerify(const Options& options);
 int RunStructEncode(const Options& options);
 int RunStructDecode(const Options& options);
+int RunSettingsList(const Options& options);
+int RunSettingsGet(const Options& options);
+int RunSettingsSet(const Options& options);
+int RunSettingsUnset(const Options& options);
+int RunSettingsExport(const Options& options);
+int RunSettingsImport(const Options& options);
+int RunSettingsWatch(const Options& options);
+int RunSettingsPath(const Options& options);
+int RunDoctor(const Options& options);
 int RunError(const Options& options);
 int RunVersion(const Options& options);
 

@@ -6,6 +6,7 @@
 #include "pxsf.h"
 #include "refusal.h"
 #include "regconfig.h"
+#include "settings.h"
 #include "text.h"
 #include "typed_month.h"
 
@@ -89,10 +90,7 @@ int RunHijriShift(const Options& options) {
   int shift = 0;
   if (const auto refusal = ReadCount(number, shift)) return Refuse(number, *refusal, options);
   if (const auto refusal = WhyRefused(month, shift)) return Refuse(text + " " + number, *refusal, options);
-  if (!Store(month.year, month.month, shift)) {
-    Complain(Say(Text::NotStored));
-    return kStore;
-  }
+  if (!Store(month.year, month.month, shift)) return NotStored(0, options);
   LoadHijriDateShifts();
   ShowCorrection(month.year, month.month, options);
   return kDone;

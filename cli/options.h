@@ -16,11 +16,16 @@ struct Options {
   std::string weekStart;        // "sat", "sun", "mon", or empty for what the language suggests
   std::string swatch = "auto";  // or "always", "never"
   std::string size;             // bytes of a record, or empty
+  std::string type;             // of a setting, or empty for what its value suggests
+  std::string seconds;          // to wait, or empty for ever
   std::vector<std::string> operands;
   bool hijri = false;
   bool both = false;
   bool explain = false;
   bool json = false;
+  bool machine = false;
+  bool all = false;
+  bool once = false;
 };
 
 }  // namespace Cli

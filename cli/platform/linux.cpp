@@ -31,6 +31,16 @@ std::string UserLanguage() {
   return "en";
 }
 
+std::string LocaleName() {
+  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"})
+    if (const char* value = std::getenv(name); value && *value) return value;
+  return "C";
+}
+
+unsigned NarrowCodePage() {
+  return 1256;  // the library's own, there being none of the system
+}
+
 bool WriteOutput(std::string_view text) {
   return Write(stdout, text);
 }

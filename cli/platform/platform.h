@@ -15,6 +15,10 @@ std::vector<std::string> Arguments(int argc, char** argv);
 // "ar" when the user's system speaks Arabic, else "en".
 std::string UserLanguage();
 
+// How the user's system is set up: its locale, and the code page that narrow texts are taken for.
+std::string LocaleName();
+unsigned NarrowCodePage();
+
 // Writes as it stands, without changing line ends; a console gets its own encoding. False when it did not
 // arrive.
 bool WriteOutput(std::string_view text);

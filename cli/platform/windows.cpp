@@ -85,6 +85,16 @@ std::string UserLanguage() {
   return PRIMARYLANGID(GetUserDefaultUILanguage()) == LANG_ARABIC ? "ar" : "en";
 }
 
+std::string LocaleName() {
+  wchar_t name[LOCALE_NAME_MAX_LENGTH] = L"";
+  GetUserDefaultLocaleName(name, LOCALE_NAME_MAX_LENGTH);
+  return ToUtf8(name);
+}
+
+unsigned NarrowCodePage() {
+  return GetACP();
+}
+
 bool WriteOutput(std::string_view text) {
   return Write(STD_OUTPUT_HANDLE, stdout, text);
 }

@@ -1,13 +1,14 @@
 # Plays a terminal session against the real program and compares what comes back, byte by byte:
 #
-#   cmake -DQEL=<path of qel> [-DEMULATOR=<program>] -DSESSION=<file> [-DMARKDOWN=ON] -P run_session.cmake
+#   cmake -DQEL=<path of qel> [-DEMULATOR=<program>] -DSESSION=<file> [-DMARKDOWN=ON]
+#     [-DSETTINGS=ON] -P run_session.cmake
 #
 # A session is text. A line "$ qel ARGUMENTS" is a command, split as a shell splits it; the lines up to the next one
 # are what it must answer:
 #   < line     given to its input          ! line     expected on the message stream
 #   # line     a remark                    ? number   the expected exit code (0 when there is none)
 #   ~ regex    expected on the output, alone, in place of literal lines
-#   @ name=... a variable of its surroundings
+#   @ name=... a variable of its surroundings, "<here>" standing for the folder of the session
 #   any other  expected on the output
 # In Markdown only blocks fenced as "console" count, and the two streams stand there as a terminal mixes them: the
 # output, then the messages. Exit codes are not shown there and not tested.
@@ -53,11 +54,15 @@ macro(finish_case)
 endmacro()
 
 get_filename_component(WORK "${SESSION}" NAME)
+get_filename_component(HERE "${SESSION}" DIRECTORY)
 set(WORK "${CMAKE_CURRENT_BINARY_DIR}/qel_session_${WORK}")
 file(REMOVE_RECURSE "${WORK}")
 file(MAKE_DIRECTORY "${WORK}")
-# Settings of its own. On Windows they are those of the prefix, and a session takes back what it has stored.
+# Settings are the session's own. Emulated programs share a registry of the tests, which is emptied of them.
 set(ENV{QEL_REGISTRY_DIR} "${WORK}/registry")
+if(SETTINGS AND EMULATOR)
+  execute_process(COMMAND ${EMULATOR} reg delete HKCU\\Software\\qelmarsoft /f OUTPUT_QUIET ERROR_QUIET)
+endif()
 file(READ "${SESSION}" text)
 string(REGEX REPLACE "([^\n])$" "\\1\n" text "${text}")
 string(COMPARE EQUAL "${MARKDOWN}" "" listening)
@@ -86,6 +91,7 @@ while(NOT text STREQUAL "")
   elseif(mark STREQUAL "! ")
     string(APPEND case_messages "${value}\n")
   elseif(mark STREQUAL "@ ")
+    string(REPLACE "<here>" "${HERE}" value "${value}")
     list(APPEND case_surroundings "${value}")
   elseif(mark STREQUAL "? ")
     set(case_exit "${value}")
