@@ -7,7 +7,7 @@ StoreReport ReportOnStore(bool machine) {
   report.integrity = L"ok";
   HKEY key = nullptr;
   report.whyNotWritten =
-      RegOpenKeyExW(machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER, L"Software", 0, KEY_WRITE, &key);
+      RegOpenKeyExW(machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER, L"", 0, KEY_WRITE, &key);
   if (key) RegCloseKey(key);
   return report;
 }
