@@ -208,9 +208,9 @@ TEST(DateTest, OleDatesAreCutToTheirDay) {
     double ole;
     const wchar_t* day;
   } rows[] = {
-      {0.0, L"1899-12-30"},           {-0.5, L"1899-12-30"},         {-1.25, L"1899-12-29"},
-      {29221.999999, L"1980-01-01"},  {45000.999999, L"2023-03-15"}, {-657434.9, L"0100-01-01"},
-      {2958465.99999, L"9999-12-31"},
+      {+0.25, L"1899-12-30"},          {-0.5, L"1899-12-30"},         {-1.25, L"1899-12-29"},
+      {29221.999999, L"1980-01-01"},   {45000.999999, L"2023-03-15"}, {-657434.9, L"0100-01-01"},
+      {2958465.999999, L"9999-12-31"},
   };
   for (const auto& row : rows) EXPECT_EQ(Date(row.ole).ToString(), row.day) << row.ole;
   for (const double none : {-657435.0, 2958466.0, 1e300, kInfinity, -kInfinity, kInfinity - kInfinity})

@@ -76,7 +76,8 @@ TEST(AppContextTest, BeforeTheApplicationStartsThereIsNoneAndThenOneForGood) {
 
     EXPECT_EQ(RaisedBy([] { CreateAppContext<TestContext>(); }), L"m_AppContext == nullptr");
     EXPECT_EQ(RaisedBy([] { new TestContext; }), L"m_AppContext == nullptr");
-    EXPECT_EQ(RaisedBy([] { IAppContext::SetAppContext(nullptr); }), L"m_AppContext == nullptr");
+    for (const auto& other : {std::shared_ptr<IAppContext>(), IAppContext::GetAppContext()})
+      EXPECT_EQ(RaisedBy([&] { IAppContext::SetAppContext(other); }), L"m_AppContext == nullptr");
     EXPECT_EQ(IAppContext::GetAppContext().get(), context);
   });
 }

@@ -49,6 +49,7 @@ TEST(NumericEvaluatorTest, GivesTheValueOfASum) {
   };
   for (const auto& row : rows) expect(row.text, row.value);
   for (const auto& row : inexact) expect(row.text, row.value);
+  expect(L"123456789012345", 123456789012345);
 }
 
 TEST(NumericEvaluatorTest, RefusalsSayWhyAndWhere) {

@@ -75,7 +75,7 @@ TEST(RoundTest, DecimalHalvesThatNoDoubleHoldsAreStillHalves) {
   } rows[] = {
       {1.005, kCent, 1.01},         {1.115, kCent, 1.12},           {2.675, kCent, 2.68},
       {-1.005, kCent, -1.01},       {1.00499999999, kCent, 1.0},    {0.145, kCent, 0.15},
-      {9999999.995, kCent, 1e7},    {0.1 + 0.2, kTenth, 0.3},       {1e6 + .125, kCent, 1e6 + .13},
+      {9999999.995, kCent, 1e7},    {0.1 + 0.2, kTenth, 0.3},       {1e9 + .125, kCent, 1e9 + .13},
       {1e14 + 0.5, kOne, 1e14 + 1}, {0x1p52 + 1, kOne, 0x1p52 + 1}, {1e15 + 1, kOne, 1e15 + 1},
       {1e300, kCent, 1e300},        {kInfinity, kOne, kInfinity},   {5e-324, kCent, 0.0},
   };
