@@ -35,13 +35,15 @@ std::size_t Slips(const CString& a, const CString& b) {
 }  // namespace
 
 std::string Nearest(const std::string& typed, const std::vector<std::string>& names) {
-  constexpr int kLongestTyped = 255;  // the work grows by the product of both lengths
-  const CString wanted = Wide(typed).Left(kLongestTyped);
-  std::size_t fewest = static_cast<std::size_t>(wanted.GetLength()) / 3 + 1;
+  constexpr int kLongest = 255;  // the work grows by the product of both lengths
+  const CString wanted = Wide(typed).Left(kLongest);
+  std::size_t fewest = kLongest;
   std::string nearest;
   for (const std::string& name : names) {
-    const std::size_t slips = Slips(wanted, Wide(name).Left(kLongestTyped));
-    if (slips > fewest || (slips == fewest && !nearest.empty())) continue;
+    const CString known = Wide(name).Left(kLongest);
+    const std::size_t slips = Slips(wanted, known);
+    const auto longer = static_cast<std::size_t>(std::max(wanted.GetLength(), known.GetLength()));
+    if (slips * 3 > longer || slips >= fewest) continue;
     fewest = slips;
     nearest = name;
   }

@@ -8,7 +8,8 @@
 namespace Cli {
 
 // Of `names` the one that it takes the fewest slips of the finger to make `typed` of: a letter left out, added,
-// replaced, or swapped with its neighbour; case does not count. Empty when the nearest is too far to be meant.
+// replaced, or swapped with its neighbour; case does not count. Empty when that is more
+// than one for every three letters: it was hardly meant.
 std::string Nearest(const std::string& typed, const std::vector<std::string>& names);
 
 }  // namespace Cli

@@ -24,6 +24,12 @@ void PrintSection(const Section& section, const Options& options) {
                        : Joined({"  ", Row(entry, nameWidth, typeWidth), "\n"}));
 }
 
+bool IsEmpty(const std::vector<Section>& sections) {
+  return std::all_of(sections.begin(), sections.end(), [](const Section& one) {
+    return one.entries.empty() && one.name.empty() && one.nested.empty();
+  });
+}
+
 void PrintEntry(const std::string& section, const Setting& entry, const Options& options) {
   Print(options.json ? JsonRow(section, entry) : Row(entry) + "\n");
 }
@@ -70,8 +76,12 @@ int RunSettingsList(const Options& options) {
   const std::string wanted = options.operands.empty() ? "" : SectionTyped(options.operands[0]);
   std::vector<Section> sections;
   const long status = ReadSections(RootOf(options), wanted, sections);
-  if (status == kMissing && wanted.empty()) return kDone;  // nothing was ever stored
-  if (status != 0) return NotRead(status, wanted, options);
+  if (status != 0 && !(status == kMissing && wanted.empty())) return NotRead(status, wanted, options);
+  // Whether the suite's own key was ever made makes no difference to whoever asks.
+  if (IsEmpty(sections)) {
+    Complain(Say(Text::NothingStored));
+    return kDone;
+  }
   for (const Section& section : sections)
     if (!section.entries.empty() || section.nested.empty()) PrintSection(section, options);
   return kDone;
