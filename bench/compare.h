@@ -34,6 +34,10 @@ struct Peer {
 // Registers one subject. Returns true, so that it can initialise a constant.
 bool Compare(const char* subject, Body ours, const std::vector<Peer>& peers);
 
+// Registers a figure that is no ratio, measured and printed after the others. Left out when the caller asks for some
+// of the subjects alone.
+bool Show(const char* subject, std::string (*measure)());
+
 // Runs `step(i)` over the indices 0 .. 1023 in turn.
 template <class Step>
 void Cycle(benchmark::State& state, Step step) {

@@ -18,6 +18,16 @@ std::vector<Row>& Rows() {
   return s_Rows;
 }
 
+struct Figure {
+  const char* subject;
+  std::string (*measure)();
+};
+
+std::vector<Figure>& Figures() {
+  static std::vector<Figure> s_Figures;
+  return s_Figures;
+}
+
 std::string OursName(const std::string& subject) {
   return subject + "/ours";
 }
@@ -92,6 +102,11 @@ bool Compare(const char* subject, Body ours, const std::vector<Peer>& peers) {
   return true;
 }
 
+bool Show(const char* subject, std::string (*measure)()) {
+  Figures().push_back({subject, measure});
+  return true;
+}
+
 int main(int argc, char** argv) {
   std::vector<std::string> words = {argv[0], "--benchmark_enable_random_interleaving=true",
                                     "--benchmark_repetitions=9", "--benchmark_min_time=0.03"};
@@ -103,5 +118,8 @@ int main(int argc, char** argv) {
   if (benchmark::ReportUnrecognizedArguments(count, pointers.data())) return 2;
   RatioReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
+  if (argc == 1)
+    for (const Figure& figure : Figures())
+      std::printf("%-38s %s\n", figure.subject, figure.measure().c_str());
   return 0;
 }

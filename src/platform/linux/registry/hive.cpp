@@ -25,15 +25,16 @@ Hive& Hive::Of(StorePlace place) {
 
 LONG Hive::Refresh() {
   if (m_Nested != 0) return m_Rows.StillWriting() ? 0 : kStoreFailed;
+  if (m_Rows.File().StillReads(m_Generation, m_State) && !HoldsTooMuch()) return 0;
   if (const LONG status = m_Rows.Open()) return status;
   const StoreState state = m_Rows.File().State();
-  Follow(state, state == m_State);
+  TakeState(state, state == m_State);
   return 0;
 }
 
-void Hive::Follow(const StoreState& state, bool same) {
+void Hive::TakeState(const StoreState& state, bool same) {
   const std::uint64_t generation = m_Rows.File().Generation();
-  if (generation != m_Generation || m_Held > kMostHeld || m_Keys.size() > kMostKeys) {
+  if (generation != m_Generation || HoldsTooMuch()) {
     // Another connection may be one to another file, where a path leads elsewhere.
     ForgetKeys();
     m_Paths.Clear();
@@ -46,9 +47,20 @@ void Hive::Follow(const StoreState& state, bool same) {
   ++m_Changes;
 }
 
+bool Hive::HoldsTooMuch() const noexcept {
+  return m_Held > kMostHeld || m_Keys.size() > kMostKeys;
+}
+
 void Hive::ForgetKeys() {
   m_Keys.clear();
+  m_Recent = {};
   m_Held = 0;
+}
+
+KeySnapshot& Hive::Held(std::int64_t key) {
+  Recent& recent = m_Recent[static_cast<std::uint64_t>(key) % m_Recent.size()];
+  if (recent.key != key || !recent.snapshot) recent = {key, &m_Keys[key]};
+  return *recent.snapshot;
 }
 
 LONG Hive::CountOf(std::int64_t key, KeySnapshot& snapshot) {
@@ -58,14 +70,23 @@ LONG Hive::CountOf(std::int64_t key, KeySnapshot& snapshot) {
   return status;
 }
 
-LONG Hive::FindKey(const KeyPlace& base, std::wstring_view path, KeyPlace& found) {
+LONG Hive::FindKey(const KeyPlace& base, std::wstring_view path, KeyPlace& found, KeyCounts* counts) {
   if (const LONG status = Refresh()) return status;
+  if (const LONG status = Follow(base, path, found)) return status;
+  if (!counts) return 0;
+  KeySnapshot& snapshot = Held(found.row);
+  const LONG status = CountOf(found.row, snapshot);
+  *counts = snapshot.counts;
+  return status;
+}
+
+LONG Hive::Follow(const KeyPlace& base, std::wstring_view path, KeyPlace& found) {
   std::uint64_t hash = 0;
   PathCache::Entry& kept = m_Paths.At(base.row, path, hash);
   if (PathCache::Holds(kept, hash, base.row, path)) {
     found = kept.place;
     if (kept.seen == m_PathsSeen) return 0;
-    if (CountOf(found.row, m_Keys[found.row]) == 0) {
+    if (CountOf(found.row, Held(found.row)) == 0) {
       kept.seen = m_PathsSeen;
       return 0;
     }
@@ -83,30 +104,35 @@ LONG Hive::Walk(const KeyPlace& base, std::wstring_view path, KeyPlace& found) {
     if (!FitsKey(part, folded, ++found.depth)) return kInvalidParameter;
     const LONG status = m_Rows.FindKey(found.row, folded.Bytes(), found.row);
     if (status == kNotFound)
-      if (const LONG deleted = CountOf(base.row, m_Keys[base.row])) return deleted;
+      if (const LONG deleted = CountOf(base.row, Held(base.row))) return deleted;
     if (status != 0) return status;
   }
-  return found.depth == base.depth ? CountOf(base.row, m_Keys[base.row]) : 0;
+  return found.depth == base.depth ? CountOf(base.row, Held(base.row)) : 0;
 }
 
 LONG Hive::Count(std::int64_t key, KeyCounts& counts) {
   if (const LONG status = Refresh()) return status;
-  KeySnapshot& snapshot = m_Keys[key];
+  KeySnapshot& snapshot = Held(key);
   if (const LONG status = CountOf(key, snapshot)) return status;
   counts = snapshot.counts;
   return 0;
 }
 
 // The first read of a key after somebody else's change asks the store. To read the key in pays only when it is read
-// again before the next change, and for a large one, when it is read often: beside a process that keeps writing, no
-// read then costs more than twice what the store takes.
-bool Hive::IsWorthLoading(KeySnapshot& snapshot) const {
-  constexpr std::size_t kValuesPerRead = 16;  // that can be read in in the time of one read from the store
+// again before the next change, and for a large one, when it is read often: beside a process that keeps writing, reads
+// then cost no more than twice what the store takes.
+LONG Hive::IsWorthLoading(std::int64_t key, KeySnapshot& snapshot, bool& worth) {
+  constexpr std::size_t kValuesPerRead = 4;  // that can be read in in the time of one read from the store
   if (snapshot.readsSeen != m_Seen) {
     snapshot.readsSeen = m_Seen;
     snapshot.reads = 0;
   }
-  return ++snapshot.reads > 1 + snapshot.counts.values / kValuesPerRead;
+  worth = false;
+  if (++snapshot.reads == 1) return 0;
+  // An old count will do.
+  const LONG status = snapshot.countsSeen == 0 ? CountOf(key, snapshot) : 0;
+  worth = snapshot.reads > 1 + snapshot.counts.values / kValuesPerRead;
+  return status;
 }
 
 LONG Hive::LoadValues(std::int64_t key, KeySnapshot& snapshot) {
@@ -142,7 +168,7 @@ LONG Hive::View(const HeldValue& value, ValueView& view) {
 
 LONG Hive::Measure(std::int64_t key, KeyExtents& extents) {
   if (const LONG status = Refresh()) return status;
-  KeySnapshot& snapshot = m_Keys[key];
+  KeySnapshot& snapshot = Held(key);
   if (const LONG status = LoadValues(key, snapshot)) return status;
   if (const LONG status = LoadSubKeys(key, snapshot)) return status;
   extents = {{static_cast<DWORD>(snapshot.SubKeys()), static_cast<DWORD>(snapshot.Values())}, 0, 0, 0};
@@ -160,12 +186,14 @@ LONG Hive::Measure(std::int64_t key, KeyExtents& extents) {
 
 LONG Hive::ReadValue(std::int64_t key, const FoldedName& name, ValueView& value) {
   if (const LONG status = Refresh()) return status;
-  KeySnapshot& snapshot = m_Keys[key];
+  KeySnapshot& snapshot = Held(key);
   if (snapshot.valuesSeen != m_Seen) {
-    if (!IsWorthLoading(snapshot)) return ReadFromStore(key, name, value);
+    bool worth = false;
+    if (const LONG status = IsWorthLoading(key, snapshot, worth)) return status;
+    if (!worth) return ReadFromStore(key, name, value);
     if (const LONG status = LoadValues(key, snapshot)) return status;
   }
-  const HeldValue* const held = snapshot.Find(name.Bytes());
+  const HeldValue* const held = snapshot.Find(name);
   if (!held) return kNotFound;
   return View(*held, value);
 }
@@ -176,13 +204,13 @@ LONG Hive::ReadFromStore(std::int64_t key, const FoldedName& name, ValueView& va
     value = {{}, type, m_Data};
   });
   if (status != kNotFound) return status;
-  const LONG deleted = CountOf(key, m_Keys[key]);
+  const LONG deleted = CountOf(key, Held(key));
   return deleted ? deleted : kNotFound;
 }
 
 LONG Hive::ReadValueAt(std::int64_t key, DWORD index, ValueView& value) {
   if (const LONG status = Refresh()) return status;
-  KeySnapshot& snapshot = m_Keys[key];
+  KeySnapshot& snapshot = Held(key);
   if (const LONG status = LoadValues(key, snapshot)) return status;
   const HeldValue* const held = snapshot.ValueAt(index);
   return held ? View(*held, value) : kNoMoreItems;
@@ -190,7 +218,7 @@ LONG Hive::ReadValueAt(std::int64_t key, DWORD index, ValueView& value) {
 
 LONG Hive::ReadSubKeyAt(std::int64_t key, DWORD index, std::u16string_view& name) {
   if (const LONG status = Refresh()) return status;
-  KeySnapshot& snapshot = m_Keys[key];
+  KeySnapshot& snapshot = Held(key);
   if (const LONG status = LoadSubKeys(key, snapshot)) return status;
   const HeldSubKey* const held = snapshot.SubKeyAt(index);
   if (!held) return kNoMoreItems;
@@ -198,11 +226,13 @@ LONG Hive::ReadSubKeyAt(std::int64_t key, DWORD index, std::u16string_view& name
   return 0;
 }
 
-LONG Hive::CreateKey(const KeyPlace& base, std::wstring_view path, KeyPlace& found, bool& created) {
+LONG Hive::CreateKey(const KeyPlace& base, std::wstring_view path, KeyPlace& found, bool& created,
+                     KeyCounts* counts) {
   created = false;
-  if (const LONG status = FindKey(base, path, found); status != kNotFound) return status;
+  if (const LONG status = FindKey(base, path, found, counts); status != kNotFound) return status;
+  if (counts) *counts = {};
   return Change([&] {
-    if (const LONG status = CountOf(base.row, m_Keys[base.row])) return status;
+    if (const LONG status = CountOf(base.row, Held(base.row))) return status;
     found = base;
     PathParts parts(path);
     for (std::wstring_view part; parts.Next(part);) {
@@ -221,7 +251,7 @@ LONG Hive::CreateKey(const KeyPlace& base, std::wstring_view path, KeyPlace& fou
 LONG Hive::AddKey(std::int64_t parent, std::wstring_view name, std::string_view folded, std::int64_t& row) {
   const std::string stored = StoredName(name);
   if (const LONG status = m_Rows.InsertKey(parent, stored, folded, row)) return status;
-  KeySnapshot& above = m_Keys[parent];
+  KeySnapshot& above = Held(parent);
   if (above.countsSeen == m_Seen) ++above.counts.subKeys;
   if (above.subKeysSeen == m_Seen) above.Add(KeyRow{row, stored, folded});
   return 0;
@@ -229,7 +259,7 @@ LONG Hive::AddKey(std::int64_t parent, std::wstring_view name, std::string_view 
 
 LONG Hive::DeleteKey(const KeyPlace& base, std::wstring_view path) {
   KeyPlace found;
-  if (const LONG status = FindKey(base, path, found)) return status;
+  if (const LONG status = FindKey(base, path, found, nullptr)) return status;
   if (found.depth == 0) return kAccessDenied;
   KeyCounts counts;
   if (const LONG status = Count(found.row, counts)) return status;
@@ -238,7 +268,7 @@ LONG Hive::DeleteKey(const KeyPlace& base, std::wstring_view path) {
 }
 
 LONG Hive::RemoveKey(std::int64_t key) {
-  KeySnapshot& snapshot = m_Keys[key];
+  KeySnapshot& snapshot = Held(key);
   if (const LONG status = CountOf(key, snapshot)) return status;
   if (snapshot.counts.subKeys != 0) return kAccessDenied;
   std::int64_t parent = 0;
@@ -247,8 +277,9 @@ LONG Hive::RemoveKey(std::int64_t key) {
   if (const LONG status = m_Rows.DeleteKey(key)) return status;
   m_Held -= snapshot.Weight();
   m_Keys.erase(key);
+  m_Recent = {};
   ++m_PathsSeen;
-  KeySnapshot& above = m_Keys[parent];
+  KeySnapshot& above = Held(parent);
   if (above.countsSeen == m_Seen) --above.counts.subKeys;
   if (above.subKeysSeen == m_Seen) above.RemoveSubKey(folded);
   return 0;
@@ -261,11 +292,11 @@ LONG Hive::WriteValue(std::int64_t key, std::wstring_view name, DWORD type, std:
 }
 
 LONG Hive::PutValue(std::int64_t key, std::wstring_view name, DWORD type, std::string_view data) {
-  KeySnapshot& snapshot = m_Keys[key];
+  KeySnapshot& snapshot = Held(key);
   if (const LONG status = CountOf(key, snapshot)) return status;
   const FoldedName folded(name);
   const bool held = snapshot.valuesSeen == m_Seen;
-  HeldValue* const value = held ? snapshot.Find(folded.Bytes()) : nullptr;
+  HeldValue* const value = held ? snapshot.Find(folded) : nullptr;
   std::int64_t row = value ? value->row : 0;
   LONG status = value ? 0 : kNotFound;
   if (!held) status = m_Rows.FindValue(key, folded.Bytes(), row);
@@ -294,9 +325,9 @@ LONG Hive::DeleteValue(std::int64_t key, const FoldedName& name) {
     std::int64_t row = 0;
     if (const LONG status = m_Rows.FindValue(key, name.Bytes(), row)) return status;
     if (const LONG status = m_Rows.DeleteValue(row)) return status;
-    KeySnapshot& snapshot = m_Keys[key];
+    KeySnapshot& snapshot = Held(key);
     if (snapshot.countsSeen == m_Seen) --snapshot.counts.values;
-    if (snapshot.valuesSeen == m_Seen) snapshot.Remove(name.Bytes());
+    if (snapshot.valuesSeen == m_Seen) snapshot.Remove(name);
     return LONG{0};
   });
 }
@@ -317,7 +348,7 @@ LONG Hive::BeginChanges() {
   if (m_Nested == 0) {
     if (const LONG status = m_Rows.BeginWrite()) return status;
     // Nobody else can change anything from here on: what is in memory holds, or begins anew.
-    Follow(m_State, m_Rows.File().StillAt(m_State));
+    TakeState(m_State, m_Rows.File().StillAt(m_State));
     m_Dropped = false;
   }
   ++m_Nested;
@@ -337,7 +368,7 @@ LONG Hive::EndChanges(bool keep) {
     m_Rows.File().Rollback();
   }
   // What is in memory holds the changes that were not kept.
-  if (m_Dropped || status != 0) Follow({}, false);
+  if (m_Dropped || status != 0) TakeState({}, false);
   return keep ? status : 0;
 }
 
@@ -349,7 +380,7 @@ LONG Hive::CountChanges(std::uint64_t& changes) {
 
 LONG Hive::Digest(std::int64_t key, std::uint64_t& digest) {
   if (const LONG status = Refresh()) return status;
-  if (const LONG status = CountOf(key, m_Keys[key])) return status;
+  if (const LONG status = CountOf(key, Held(key))) return status;
   digest = 0;
   const auto mix = [&](std::uint64_t word) {
     digest = (digest ^ word) * 0x9E3779B97F4A7C15;

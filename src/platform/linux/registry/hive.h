@@ -6,6 +6,7 @@
 #ifndef QEL_PLATFORM_LINUX_REGISTRY_HIVE_H
 #define QEL_PLATFORM_LINUX_REGISTRY_HIVE_H
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -32,8 +33,8 @@ class Hive {
  public:
   static Hive& Of(StorePlace place);
 
-  // 2 no such key, 87 a name too long or too deep. An empty path is `base`.
-  LONG FindKey(const KeyPlace& base, std::wstring_view path, KeyPlace& found);
+  // 2 no such key, 87 a name too long or too deep. An empty path is `base`. `counts` may be null.
+  LONG FindKey(const KeyPlace& base, std::wstring_view path, KeyPlace& found, KeyCounts* counts);
   LONG Count(std::int64_t key, KeyCounts& counts);
   LONG Measure(std::int64_t key, KeyExtents& extents);
   // 2 no such value.
@@ -43,7 +44,8 @@ class Hive {
   LONG ReadSubKeyAt(std::int64_t key, DWORD index, std::u16string_view& name);
 
   // Creates what is missing of the path.
-  LONG CreateKey(const KeyPlace& base, std::wstring_view path, KeyPlace& found, bool& created);
+  LONG CreateKey(const KeyPlace& base, std::wstring_view path, KeyPlace& found, bool& created,
+                 KeyCounts* counts);
   // 5 for a root and for a key with sub-keys.
   LONG DeleteKey(const KeyPlace& base, std::wstring_view path);
   LONG WriteValue(std::int64_t key, std::wstring_view name, DWORD type, std::string_view data);
@@ -67,12 +69,16 @@ class Hive {
 
   // Before a read: makes the store readable, and finds out whether what is in memory still holds.
   LONG Refresh();
-  void Follow(const StoreState& state, bool same);
+  void TakeState(const StoreState& state, bool same);
+  bool HoldsTooMuch() const noexcept;
   void ForgetKeys();
+  // What is in memory of the key, if only its place there. Valid until keys are forgotten.
+  KeySnapshot& Held(std::int64_t key);
+  LONG Follow(const KeyPlace& base, std::wstring_view path, KeyPlace& found);
   // What follows relies on that. `counts` of a key that is gone: 1018.
   LONG CountOf(std::int64_t key, KeySnapshot& snapshot);
   LONG Walk(const KeyPlace& base, std::wstring_view path, KeyPlace& found);
-  bool IsWorthLoading(KeySnapshot& snapshot) const;
+  LONG IsWorthLoading(std::int64_t key, KeySnapshot& snapshot, bool& worth);
   LONG LoadValues(std::int64_t key, KeySnapshot& snapshot);
   LONG LoadSubKeys(std::int64_t key, KeySnapshot& snapshot);
   LONG View(const HeldValue& value, ValueView& view);
@@ -92,7 +98,12 @@ class Hive {
   std::uint64_t m_Changes = 1;    // counts the different states, own ones too
   std::uint64_t m_Generation = 0;
   std::unordered_map<std::int64_t, KeySnapshot> m_Keys;
-  std::size_t m_Held = 0;  // bytes in m_Keys, roughly
+  struct Recent {
+    std::int64_t key = 0;
+    KeySnapshot* snapshot = nullptr;
+  };
+  std::array<Recent, 16> m_Recent;  // a short way into m_Keys
+  std::size_t m_Held = 0;           // bytes in m_Keys, roughly
   PathCache m_Paths;
   std::string m_Data;  // of the value that was read last, where no snapshot holds it
   unsigned m_Nested = 0;

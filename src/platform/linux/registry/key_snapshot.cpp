@@ -1,8 +1,7 @@
 #include "key_snapshot.h"
 
 #include <algorithm>
-
-#include "names.h"
+#include <bit>
 
 namespace {
 
@@ -20,9 +19,34 @@ void HeldValue::Set(DWORD newType, std::string_view newData) {
   data = size <= kLargestHeld ? newData : std::string_view();
 }
 
-HeldValue* KeySnapshot::Find(std::string_view folded) {
-  const auto found = m_ByName.find(folded);
-  return found == m_ByName.end() ? nullptr : found->second;
+// Where the value is, or where it would go.
+std::size_t KeySnapshot::PlaceFor(std::uint64_t hash, std::string_view folded) const {
+  const std::size_t mask = m_ByName.size() - 1;
+  std::size_t place = hash & mask;
+  while (m_ByName[place] && (m_ByName[place]->hash != hash || m_ByName[place]->folded != folded))
+    place = (place + 1) & mask;
+  return place;
+}
+
+HeldValue* KeySnapshot::Find(std::uint64_t hash, std::string_view folded) const {
+  return m_ByName.empty() ? nullptr : m_ByName[PlaceFor(hash, folded)];
+}
+
+void KeySnapshot::Index(std::size_t places) {
+  m_ByName.assign(places, nullptr);
+  for (const auto& value : m_Values) m_ByName[PlaceFor(value->hash, value->folded)] = value.get();
+}
+
+// Those behind it move up, so that no search ends early.
+void KeySnapshot::Unindex(std::size_t place) {
+  const std::size_t mask = m_ByName.size() - 1;
+  for (std::size_t next = (place + 1) & mask; m_ByName[next]; next = (next + 1) & mask) {
+    const std::size_t home = m_ByName[next]->hash & mask;
+    if (((next - home) & mask) < ((next - place) & mask)) continue;
+    m_ByName[place] = m_ByName[next];
+    place = next;
+  }
+  m_ByName[place] = nullptr;
 }
 
 void KeySnapshot::ClearValues() {
@@ -37,12 +61,16 @@ void KeySnapshot::Add(const ValueRow& row) {
   value->row = row.row;
   value->name = NameFromStore(row.name, kLongestValueName);
   value->folded = row.folded;
+  value->hash = HashOfFolded(row.folded);
   value->Set(row.type, row.data);
   if (m_Weight > kMostDataHeld) value->data.clear();
   m_Weight += kOverhead + value->name.size() * 2 + value->folded.size() + value->data.size();
-  m_ByName.emplace(value->folded, value.get());
   m_Sorted = m_Sorted && (m_Values.empty() || m_Values.back()->row < value->row);
   m_Values.push_back(std::move(value));
+  if (2 * m_Values.size() > m_ByName.size())
+    Index(std::bit_ceil(std::max<std::size_t>(16, 4 * m_Values.size())));
+  else
+    m_ByName[PlaceFor(m_Values.back()->hash, m_Values.back()->folded)] = m_Values.back().get();
 }
 
 void KeySnapshot::SortValues() {
@@ -50,11 +78,10 @@ void KeySnapshot::SortValues() {
   m_Sorted = true;
 }
 
-void KeySnapshot::Remove(std::string_view folded) {
-  const auto found = m_ByName.find(folded);
-  if (found == m_ByName.end()) return;
-  HeldValue* const value = found->second;
-  m_ByName.erase(found);
+void KeySnapshot::Remove(const FoldedName& name) {
+  HeldValue* const value = Find(name);
+  if (!value) return;
+  Unindex(PlaceFor(name.Hash(), name.Bytes()));
   const auto place = std::lower_bound(m_Values.begin(), m_Values.end(), value->row,
                                       [](const auto& entry, std::int64_t row) { return entry->row < row; });
   if (place != m_Values.end() && place->get() == value) m_Values.erase(place);

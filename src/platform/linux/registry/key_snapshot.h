@@ -7,9 +7,9 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
+#include "names.h"
 #include "rows.h"
 
 struct HeldSubKey {
@@ -21,6 +21,7 @@ struct HeldSubKey {
 // Large data stays in the store.
 struct HeldValue {
   std::int64_t row = 0;
+  std::uint64_t hash = 0;
   DWORD type = 0;
   std::size_t size = 0;
   std::u16string name;
@@ -41,7 +42,8 @@ class KeySnapshot {
   std::size_t reads = 0;
 
   // Null when there is none.
-  HeldValue* Find(std::string_view folded);
+  HeldValue* Find(std::uint64_t hash, std::string_view folded) const;
+  HeldValue* Find(const FoldedName& name) const { return Find(name.Hash(), name.Bytes()); }
   HeldValue* ValueAt(std::size_t index) { return index < m_Values.size() ? m_Values[index].get() : nullptr; }
   const HeldSubKey* SubKeyAt(std::size_t index) const {
     return index < m_SubKeys.size() ? m_SubKeys[index].get() : nullptr;
@@ -55,15 +57,20 @@ class KeySnapshot {
   // In any order, then SortValues() when all are there.
   void Add(const ValueRow& row);
   void SortValues();
-  void Remove(std::string_view folded);
+  void Remove(const FoldedName& name);
 
   void ClearSubKeys();
   void Add(const KeyRow& row);
   void RemoveSubKey(std::string_view folded);
 
  private:
+  std::size_t PlaceFor(std::uint64_t hash, std::string_view folded) const;
+  void Index(std::size_t places);
+  void Unindex(std::size_t place);
+
   std::vector<std::unique_ptr<HeldValue>> m_Values;  // by row
-  std::unordered_map<std::string_view, HeldValue*> m_ByName;
+  // Values by their hash, each at the first free place behind; a power of two, at most half of it used.
+  std::vector<HeldValue*> m_ByName;
   std::vector<std::unique_ptr<HeldSubKey>> m_SubKeys;  // by folded
   bool m_Sorted = true;
   std::size_t m_Weight = 0;

@@ -10,6 +10,11 @@ namespace {
 
 constexpr char16_t kReplacement = 0xFFFD;
 
+constexpr std::uint64_t Mixed(std::uint64_t hash, std::uint64_t unit) {
+  hash = (hash + unit) * 0x9E3779B97F4A7C15;
+  return hash ^ hash >> 32;
+}
+
 constexpr bool IsLowerAscii(char16_t unit) {
   return unit >= u'a' && unit <= u'z';
 }
@@ -63,6 +68,7 @@ FoldedName::FoldedName(std::wstring_view name) {
   char* const out = m_Long.empty() ? m_Short.data() : m_Long.data();
   const auto append = [&](char16_t unit) {
     const char16_t upper = UpperCase(unit);
+    m_Hash = Mixed(m_Hash, upper);
     out[m_Size++] = static_cast<char>(upper >> 8);
     out[m_Size++] = static_cast<char>(upper & 0xFF);
   };
@@ -71,6 +77,14 @@ FoldedName::FoldedName(std::wstring_view name) {
     if (ch > 0xFFFF) append(static_cast<char16_t>(0xD7C0 + (ch >> 10)));
     append(static_cast<char16_t>(ch > 0xFFFF ? 0xDC00 + (ch & 0x3FF) : ch));
   }
+}
+
+std::uint64_t HashOfFolded(std::string_view bytes) {
+  std::uint64_t hash = 0;
+  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2)
+    hash = Mixed(hash, static_cast<unsigned>(static_cast<unsigned char>(bytes[i]) << 8 |
+                                             static_cast<unsigned char>(bytes[i + 1])));
+  return hash;
 }
 
 bool PathParts::Next(std::wstring_view& part) {

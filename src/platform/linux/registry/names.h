@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,15 +27,20 @@ class FoldedName {
   FoldedName& operator=(const FoldedName&) = delete;
 
   std::size_t Units() const noexcept { return m_Size / 2; }
+  // Of the bytes; the same for every spelling.
+  std::uint64_t Hash() const noexcept { return m_Hash; }
   std::string_view Bytes() const noexcept {
     return {m_Long.empty() ? m_Short.data() : m_Long.data(), m_Size};
   }
 
  private:
   std::size_t m_Size = 0;
+  std::uint64_t m_Hash = 0;
   std::array<char, 2 * kLongestKeyName> m_Short;
   std::vector<char> m_Long;  // for the rare name that does not do with m_Short
 };
+
+std::uint64_t HashOfFolded(std::string_view bytes);
 
 // The parts of a path in turn; separators that are doubled or stand at the end do not count.
 class PathParts {

@@ -7,6 +7,7 @@
 namespace {
 
 constexpr std::size_t kLongestPath = 32767;
+constexpr KeyCounts kCountsOfList = {1, 0};  // of HKEY_USERS
 
 // What stands for one of the others.
 constexpr struct {
@@ -17,9 +18,11 @@ constexpr struct {
 };
 
 REGSAM SpecificAccess(REGSAM access) {
+  constexpr REGSAM kGeneric = 0xF2000000;
+  if ((access & kGeneric) == 0) return access;
   for (const auto& row : kGenericAccess)
     if ((access & row.generic) != 0) access |= row.access;
-  return access & KEY_ALL_ACCESS;
+  return access;
 }
 
 OpenKey UserTree() {
@@ -63,25 +66,28 @@ std::wstring UserNumber() {
   return std::to_wstring(getuid());
 }
 
-LONG FindKey(const OpenKey& from, std::wstring_view path, OpenKey& found) {
+LONG FindKey(const OpenKey& from, std::wstring_view path, OpenKey& found, KeyCounts* counts) {
   const Start start(from, path);
   found = start.base;
+  if (start.status == 0 && start.isList && counts) *counts = kCountsOfList;
   if (start.status != 0 || start.isList) return start.status;
   KeyPlace place;
-  const LONG status = found.hive->FindKey(PlaceOf(start.base), start.path, place);
+  const LONG status = found.hive->FindKey(PlaceOf(start.base), start.path, place, counts);
   found.row = place.row;
   found.depth = place.depth;
   return status;
 }
 
-LONG CreateKey(const OpenKey& from, std::wstring_view path, OpenKey& found, bool& created) {
+LONG CreateKey(const OpenKey& from, std::wstring_view path, OpenKey& found, bool& created,
+               KeyCounts* counts) {
   const Start start(from, path);
   found = start.base;
   created = false;
   if (start.status != 0) return kAccessDenied;
+  if (start.isList && counts) *counts = kCountsOfList;
   if (start.isList) return 0;
   KeyPlace place;
-  const LONG status = found.hive->CreateKey(PlaceOf(start.base), start.path, place, created);
+  const LONG status = found.hive->CreateKey(PlaceOf(start.base), start.path, place, created, counts);
   found.row = place.row;
   found.depth = place.depth;
   return status;
@@ -96,19 +102,22 @@ LONG DeleteKey(const OpenKey& from, std::wstring_view path) {
 
 LONG CountKey(const OpenKey& key, KeyCounts& counts) {
   if (key.hive) return key.hive->Count(key.row, counts);
-  counts = {1, 0};
+  counts = kCountsOfList;
   return 0;
 }
 
 LONG OpenHandle(const OpenKey& base, const wchar_t* path, REGSAM access, bool create, HKEY& result,
-                bool& created) {
+                bool& created, KeyCounts* counts) {
   const std::wstring_view name = TextOf(path);
   if (const LONG status = CheckPath(name)) return status;
+  access = SpecificAccess(access);
   if (access == 0) return kAccessDenied;
+  if ((access & KEY_QUERY_VALUE) == 0) counts = nullptr;
   OpenKey found;
-  const LONG status = create ? CreateKey(base, name, found, created) : FindKey(base, name, found);
+  const LONG status =
+      create ? CreateKey(base, name, found, created, counts) : FindKey(base, name, found, counts);
   if (status != 0) return status;
-  found.access = SpecificAccess(access);
+  found.access = access;
   result = MakeKeyHandle(found);
   return result ? 0 : kOutOfMemory;
 }

@@ -39,14 +39,17 @@ class UsedKey {
 // The single sub-key of HKEY_USERS.
 std::wstring UserNumber();
 
-// The key at the end of the path, with all rights; as Hive::FindKey, Hive::CreateKey and Hive::DeleteKey.
-LONG FindKey(const OpenKey& base, std::wstring_view path, OpenKey& found);
-LONG CreateKey(const OpenKey& base, std::wstring_view path, OpenKey& found, bool& created);
+// The key at the end of the path, with all rights, and what it holds where `counts` is not null; as Hive::FindKey,
+// Hive::CreateKey and Hive::DeleteKey.
+LONG FindKey(const OpenKey& base, std::wstring_view path, OpenKey& found, KeyCounts* counts = nullptr);
+LONG CreateKey(const OpenKey& base, std::wstring_view path, OpenKey& found, bool& created,
+               KeyCounts* counts = nullptr);
 LONG DeleteKey(const OpenKey& base, std::wstring_view path);
 LONG CountKey(const OpenKey& key, KeyCounts& counts);
 
-// RegOpenKeyExW and RegCreateKeyExW in one; `created` says which it was.
+// RegOpenKeyExW and RegCreateKeyExW in one; `created` says which it was. `counts` stay as they are where the access
+// does not allow to ask; null asks for none.
 LONG OpenHandle(const OpenKey& base, const wchar_t* path, REGSAM access, bool create, HKEY& result,
-                bool& created);
+                bool& created, KeyCounts* counts);
 
 #endif  // QEL_PLATFORM_LINUX_REGISTRY_OPEN_KEYS_H

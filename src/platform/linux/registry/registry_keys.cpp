@@ -46,7 +46,7 @@ LONG RegCreateKeyExW(HKEY key, const wchar_t* name, DWORD, wchar_t*, DWORD, REGS
   const UsedKey base(key, 0);
   if (const LONG status = base.Status()) return status;
   bool created = false;
-  const LONG status = OpenHandle(*base, name, access, true, *result, created);
+  const LONG status = OpenHandle(*base, name, access, true, *result, created, nullptr);
   // The key itself, asked for without a name, is told as new: so it was recorded.
   if (status == 0) Put(disposition, created || !name || !*name ? kCreatedNew : kOpenedExisting);
   return status;
@@ -58,7 +58,7 @@ LONG RegOpenKeyExW(HKEY key, const wchar_t* name, DWORD, REGSAM access, HKEY* re
   const UsedKey base(key, 0);
   if (const LONG status = base.Status()) return status;
   bool created = false;
-  return OpenHandle(*base, name, access, false, *result, created);
+  return OpenHandle(*base, name, access, false, *result, created, nullptr);
 }
 
 LONG OpenKeyAndCount(HKEY key, const wchar_t* name, REGSAM access, bool create, HKEY* result, DWORD* subKeys,
@@ -68,10 +68,9 @@ LONG OpenKeyAndCount(HKEY key, const wchar_t* name, REGSAM access, bool create, 
   const UsedKey base(key, 0);
   if (const LONG status = base.Status()) return status;
   bool created = false;
-  if (const LONG status = OpenHandle(*base, name, access, create, *result, created)) return status;
-  const OpenKey& opened = *FindKeyHandle(*result);
   KeyCounts counts;
-  if ((opened.access & KEY_QUERY_VALUE) == 0 || CountKey(opened, counts) != 0) return 0;
+  const LONG status = OpenHandle(*base, name, access, create, *result, created, &counts);
+  if (status != 0) return status;
   *subKeys = counts.subKeys;
   *values = counts.values;
   return 0;

@@ -53,6 +53,8 @@ void Rows::ForgetOldStatements() {
   if (m_Generation == m_Store.Generation()) return;
   m_Generation = m_Store.Generation();
   m_Statements = {};
+  // Pages. After somebody else's change the whole cache is walked to be emptied, and what is read often is kept by us.
+  sqlite3_exec(m_Store.Connection(), "PRAGMA cache_size = 128", nullptr, nullptr, nullptr);
 }
 
 sqlite3_stmt* Rows::Compiled(Query query) {

@@ -150,6 +150,11 @@ StoreState Store::State() {
   return state;
 }
 
+bool Store::StillReads(std::uint64_t generation, const StoreState& state) const noexcept {
+  return generation == m_Generation && m_Opened.access == StoreAccess::Shared && !m_Damaged &&
+         m_Index.IsAt(state) && CoarseTime() < m_NextLook;
+}
+
 LONG Store::BeginWrite() {
   for (int i = 0; i < kAttempts; ++i) {
     if (const LONG status = OpenToWrite()) return status;

@@ -36,6 +36,9 @@ class Store {
   // The state of the content. Asked for before a transaction that reads; costs no read of the file where the WAL
   // index is mapped.
   StoreState State();
+  // The short way of Open() and State(), for a read that memory can answer: true when both would find all as it was,
+  // on that connection in that state. False tells nothing.
+  bool StillReads(std::uint64_t generation, const StoreState& state) const noexcept;
 
   // Starts a short transaction that writes, making a missing store. 0, 5 no right to write or a store of a newer
   // version, 112 disk full, 170 locked by others for 5 seconds, 1016. May change the generation.

@@ -43,3 +43,10 @@ bool WalIndex::Read(StoreState& state) const noexcept {
   return static_cast<std::uint32_t>(state.words[0]) == kLayout &&
          (state.words[kCounterWord] >> kIsInitShift & 0xFF) == 1;
 }
+
+bool WalIndex::IsAt(const StoreState& state) const noexcept {
+  if (!m_Header) return false;
+  for (std::size_t i = 0; i < state.words.size(); ++i)
+    if (Load(m_Header, i) != state.words[i]) return false;
+  return true;
+}

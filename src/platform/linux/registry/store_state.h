@@ -25,6 +25,8 @@ class WalIndex {
   void Attach(sqlite3* database) noexcept;
   void Detach() noexcept { m_Header = nullptr; }
   bool Read(StoreState& state) const noexcept;
+  // Whether Read() would give this one, which it gave before.
+  bool IsAt(const StoreState& state) const noexcept;
 
  private:
   const volatile void* m_Header = nullptr;
