@@ -379,7 +379,8 @@ TEST_F(LinuxStoreTest, ADamagedStoreIsKeptAsideAndItsRowsAreSaved) {
     int leastSaved;
     bool allSaved;
   } rows[] = {
-      {"no database", nullptr, 0, 100, 0, false},
+      {"no database", nullptr, 0, 1024, 0, false},
+      {"the head overwritten", nullptr, 0, 100, kValues, true},
       {"another program's", "PRAGMA application_id = 7", 0, 0, kValues, true},
       {"a table missing", "DROP TABLE event", 0, 0, kValues, true},
       {"pages in the middle", nullptr, 20 * 1024, 6 * 1024, kValues / 2, false},
@@ -393,9 +394,9 @@ TEST_F(LinuxStoreTest, ADamagedStoreIsKeptAsideAndItsRowsAreSaved) {
     Store::Forget();
     for (int i = 0; i < kValues; ++i) ASSERT_EQ(Put(std::to_string(i), std::string(100, 'x')), 0);
     ASSERT_EQ(UserStore().Flush(), 0);
+    ASSERT_EQ(Put("0", "in the log"), 0);
     const std::int64_t next = Count("SELECT seq FROM sqlite_sequence");
     Store::Forget();
-    fs::remove(file + "-wal");
     fs::remove(file + "-shm");
     if (row.sql) {
       Alter(file, row.sql);
@@ -417,6 +418,7 @@ TEST_F(LinuxStoreTest, ADamagedStoreIsKeptAsideAndItsRowsAreSaved) {
     EXPECT_TRUE(before.access == Access::Unreadable || before.integrity != L"ok");
     EXPECT_GE(saved, row.leastSaved);
     EXPECT_EQ(saved == kValues, row.allSaved);
+    EXPECT_EQ(Get("0") == "in the log", row.leastSaved > 0);
     EXPECT_GE(Count("SELECT seq FROM sqlite_sequence"), next);
     EXPECT_EQ(Put("new", "1"), 0);
     EXPECT_EQ(ReportOnStore(false).integrity, L"ok");

@@ -38,12 +38,16 @@ LONG Replace(sqlite3* damaged, const std::string& file, StorePlace place, const 
   Database fresh;
   if (const LONG status = BuildHiddenStore(file, place, fresh)) return status;
   Salvaged saved;
-  if (const int code = Salvage(damaged, fresh.get(), saved)) return Store::StatusOf(code);
+  int code = Salvage(damaged, fresh.get(), saved);
+  if (code == SQLITE_OK && saved.keys + saved.values == 0)
+    code = SalvageWithoutHead(file, fresh.get(), saved);
+  if (code != SQLITE_OK) return Store::StatusOf(code);
   const std::string aside = NameAside(file);
   const std::string text = "The settings store was damaged (" + damage + ") and is kept as " + aside + ". " +
                            std::to_string(saved.keys) + " keys and " + std::to_string(saved.values) +
                            " values were saved from it.";
-  if (const int code = NoteEvent(fresh.get(), text); code != SQLITE_DONE) return Store::StatusOf(code);
+  code = NoteEvent(fresh.get(), text);
+  if (code != SQLITE_DONE) return Store::StatusOf(code);
   // Nothing is moved before the new one is there to take the place.
   if (const LONG status = FinishHiddenStore(file, std::move(fresh))) return status;
   if (const LONG status = MoveAside(file, aside)) return status;

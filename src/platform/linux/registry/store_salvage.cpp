@@ -1,6 +1,8 @@
 #include "store_salvage.h"
 
-#include <string>
+#include <filesystem>
+#include <fstream>
+#include <string_view>
 
 #include "store_schema.h"
 
@@ -62,6 +64,22 @@ int ContinueIds(sqlite3* source, sqlite3* target) {
                  ("UPDATE sqlite_sequence SET seq = max(seq, " + next + ") WHERE name = 'key'").c_str());
 }
 
+// Page size 1024, a log, UTF-8; no counts, so that the file's own size is taken.
+constexpr std::string_view kHead(
+    "SQLite format 3\0\4\0\2\2\0\x40\x20\x20"
+    "\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\1\0\0\0\4"
+    "\0\0\0\0\0\0\0\0\0\0\0\1\0\0\0\1\0\0\0\0QELR"
+    "\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0",
+    100);
+
+bool Copy(const std::string& file, const std::string& copy, std::error_code& failed) {
+  constexpr auto kOver = std::filesystem::copy_options::overwrite_existing;
+  std::filesystem::copy_file(file, copy, kOver, failed);
+  if (!failed && std::filesystem::exists(file + "-wal", failed))
+    std::filesystem::copy_file(file + "-wal", copy + "-wal", kOver, failed);
+  return !failed;
+}
+
 }  // namespace
 
 int Salvage(sqlite3* source, sqlite3* target, Salvaged& salvaged) {
@@ -78,5 +96,18 @@ int Salvage(sqlite3* source, sqlite3* target, Salvaged& salvaged) {
   if (code == SQLITE_OK)
     code = ReadNumber(target, "SELECT COUNT(*) FROM key WHERE parent <> 0", salvaged.keys);
   if (code == SQLITE_OK) code = ReadNumber(target, "SELECT COUNT(*) FROM value", salvaged.values);
+  return code;
+}
+
+int SalvageWithoutHead(const std::string& file, sqlite3* target, Salvaged& salvaged) {
+  const std::string copy = file + ".head";
+  std::error_code failed;
+  if (!Copy(file, copy, failed)) return failed == std::errc::no_space_on_device ? SQLITE_FULL : SQLITE_IOERR;
+  std::fstream(copy, std::ios::in | std::ios::out | std::ios::binary) << kHead;
+  Database source;
+  int code = OpenDatabase(copy.c_str(), SQLITE_OPEN_READWRITE, source);
+  if (code == SQLITE_OK) code = Salvage(source.get(), target, salvaged);
+  source.reset();
+  for (const char* const suffix : {"", "-wal", "-shm"}) std::filesystem::remove(copy + suffix, failed);
   return code;
 }

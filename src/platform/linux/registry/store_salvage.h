@@ -3,6 +3,7 @@
 #define QEL_PLATFORM_LINUX_REGISTRY_STORE_SALVAGE_H
 
 #include <cstdint>
+#include <string>
 
 #include "store_sqlite.h"
 
@@ -15,5 +16,8 @@ struct Salvaged {
 // way up to a root. Keys keep their ids, so that open handles still mean them.
 // Result: SQLITE_OK, or why `target` could not take them.
 int Salvage(sqlite3* source, sqlite3* target, Salvaged& salvaged);
+// The same for a file whose first bytes are lost, without which SQLite reads nothing: they are the same in every store,
+// and a copy of the file is given them.
+int SalvageWithoutHead(const std::string& file, sqlite3* target, Salvaged& salvaged);
 
 #endif  // QEL_PLATFORM_LINUX_REGISTRY_STORE_SALVAGE_H
