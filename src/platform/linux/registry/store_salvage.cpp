@@ -72,11 +72,15 @@ constexpr std::string_view kHead(
     "\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0",
     100);
 
+void Remove(const std::string& copy) {
+  std::error_code ignored;
+  for (const char* const suffix : {"", "-wal", "-shm"}) std::filesystem::remove(copy + suffix, ignored);
+}
+
 bool Copy(const std::string& file, const std::string& copy, std::error_code& failed) {
-  constexpr auto kOver = std::filesystem::copy_options::overwrite_existing;
-  std::filesystem::copy_file(file, copy, kOver, failed);
+  std::filesystem::copy_file(file, copy, failed);
   if (!failed && std::filesystem::exists(file + "-wal", failed))
-    std::filesystem::copy_file(file + "-wal", copy + "-wal", kOver, failed);
+    std::filesystem::copy_file(file + "-wal", copy + "-wal", failed);
   return !failed;
 }
 
@@ -102,12 +106,13 @@ int Salvage(sqlite3* source, sqlite3* target, Salvaged& salvaged) {
 int SalvageWithoutHead(const std::string& file, sqlite3* target, Salvaged& salvaged) {
   const std::string copy = file + ".head";
   std::error_code failed;
+  Remove(copy);  // what a process left that ended in the middle
   if (!Copy(file, copy, failed)) return failed == std::errc::no_space_on_device ? SQLITE_FULL : SQLITE_IOERR;
   std::fstream(copy, std::ios::in | std::ios::out | std::ios::binary) << kHead;
   Database source;
   int code = OpenDatabase(copy.c_str(), SQLITE_OPEN_READWRITE, source);
   if (code == SQLITE_OK) code = Salvage(source.get(), target, salvaged);
   source.reset();
-  for (const char* const suffix : {"", "-wal", "-shm"}) std::filesystem::remove(copy + suffix, failed);
+  Remove(copy);
   return code;
 }
