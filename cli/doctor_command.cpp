@@ -55,7 +55,7 @@ void Line(const std::string& name, const std::string& value) {
 
 std::string WritingShown(const StoreReport& store) {
   if (store.access == StoreReport::Access::Unreadable) return Say(Text::WritingFresh);
-  return store.whyNotWritten == 0 ? Say(Text::WritingPossible) : StatusText(store.whyNotWritten);
+  return store.whyNotWritten == 0 ? Say(Text::WritingPossible) : StoreStatusText(store.whyNotWritten);
 }
 
 void PrintStore(const StoreReport& store, bool machine) {

@@ -15,7 +15,7 @@ namespace Cli {
 
 namespace {
 
-constexpr long kMissing = 2, kTooSmall = 234, kNoMore = 259;
+constexpr long kMissing = 2, kBroken = 1016, kTooSmall = 234, kNoMore = 259;
 constexpr unsigned int kKeyNameRoom = 256, kValueNameRoom = 16384;
 
 bool ComesFirst(const std::string& a, const std::string& b) {
@@ -26,6 +26,7 @@ bool ComesFirst(const std::string& a, const std::string& b) {
 // Why a key could not be opened, which the key itself does not tell.
 long WhyNotOpened(HKEY root, const CString& path) {
   const TRegKey whole(root, false, L"");
+  if (!HKEY(whole)) return kBroken;
   unsigned int size = 0;
   const long status = whole.QueryDefValue(path, nullptr, &size);
   return status != 0 ? status : kMissing;
@@ -194,9 +195,9 @@ std::string Plain(std::string_view text) {
 std::string Row(const Setting& setting, int nameWidth, int typeWidth) {
   const std::string name = EntryShown(setting.name), type = TypeShown(setting.type);
   const std::string meaning = MeaningOf(setting);
-  std::string row = Joined({name, Padding(name, nameWidth), "  ", type, Padding(type, typeWidth)});
+  std::string row = Joined({name, Padding(name, nameWidth), "  ", type});
   const std::string value = ValueShown(setting);
-  if (!value.empty()) row += "  " + value;
+  if (!value.empty()) row += Joined({Padding(type, typeWidth), "  ", value});
   if (!meaning.empty()) row += "  (" + meaning + ")";
   return row;
 }

@@ -69,7 +69,7 @@ int NotRead(long status, const std::string& section, const Options& options) {
 int NotStored(long status, const Options& options) {
   long reason = status != 0 ? status : DescribeSettingsStore(options.machine).whyNotWritten;
   if (reason == 0) reason = kBadArgument;  // the store takes writes, so it was the name
-  Complain(Say(Text::NotStored, {StatusText(reason)}));
+  Complain(Say(Text::NotStored, {StoreStatusText(reason)}));
   return reason == kBadArgument ? kUsage : kStore;
 }
 
@@ -83,6 +83,11 @@ std::string StatusText(long status) {
   for (const auto& row : known)
     if (row.status == status) return Say(row.text);
   return Say(Text::StatusOther, {std::to_string(status)});
+}
+
+std::string StoreStatusText(long status) {
+  constexpr long kNoRight = 5;
+  return status == kNoRight ? Say(Text::StatusNoWriting) : StatusText(status);
 }
 
 }  // namespace Cli

@@ -17,8 +17,9 @@ int NotRead(long status, const std::string& section, const Options& options);
 // What stopped a writing; status 0 asks the store itself why.
 int NotStored(long status, const Options& options);
 
-// The registry's status in the user's language.
+// The status of the registry or of a file in the user's language, and that of a store that is not written.
 std::string StatusText(long status);
+std::string StoreStatusText(long status);
 
 // The value that was typed, as it will be stored; `type` is that of --type, empty for what the value suggests.
 // An exit code, with the reason said, for one that is none of the type.

@@ -181,6 +181,7 @@ enum class Text {
   StatusNoFile,
   StatusNoFolder,
   StatusNoRight,
+  StatusNoWriting,
   StatusBadName,
   StatusDiskFull,
   StatusLocked,
