@@ -54,8 +54,8 @@ class QEL_API TRegConfigFile : public TConfigFile {
   HKEY GetHKey() const noexcept { return m_Root; }
 
  protected:
-  // By the whole path below `root`.
-  TRegConfigFile(HKEY root, const wchar_t* path);
+  // By the whole path below a predefined key. Throws nothing: one whose store cannot be read gives defaults.
+  TRegConfigFile(HKEY predefined, const wchar_t* path);
 
  private:
   HKEY m_Root;

@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
 #include "pxsf.h"
 #include "regkey.h"
+#include "support/golden.h"
 #include "support/temp_registry.h"
 
 namespace {
@@ -165,6 +168,15 @@ TEST_F(RegConfigTest, RecordsAreReadBackUpToWhatATextMayHold) {
 
 TEST_F(RegConfigTest, ARootThatIsNoKeyThrowsAText) {
   EXPECT_THROW(TRegConfigFile(L"Acme", nullptr), const wchar_t*);
+}
+
+TEST_F(RegConfigTest, WithoutAStoreThereAreDefaults) {
+  if (RunsOnWindows()) GTEST_SKIP() << "the registry is always there";
+  std::filesystem::remove_all(m_Registry.Place());
+  std::ofstream(m_Registry.Place()) << "no folder";
+  EXPECT_EQ(pxGetProfileInt(L"s", L"v", 5), 5U);
+  EXPECT_EQ(pxWriteProfileInt(L"s", L"v", 1), 0);
+  EXPECT_EQ(GetString(L"s", L"v", L"default"), L"default");
 }
 
 TEST_F(RegConfigTest, TheMachinesSettingsAreApart) {

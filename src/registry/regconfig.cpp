@@ -83,13 +83,14 @@ int CopyClipped(const wchar_t* text, wchar_t* buffer, unsigned int size) {
 }  // namespace
 
 TRegConfigFile::TRegConfigFile(const wchar_t* name, HKEY root)
-    : TRegConfigFile(root, CString(L"Software\\") + (name ? name : L"")) {}
-
-TRegConfigFile::TRegConfigFile(HKEY root, const wchar_t* path) : TConfigFile(path), m_Root(root) {
+    : TRegConfigFile(root, CString(L"Software\\") + (name ? name : L"")) {
   if (HKEY(TRegKey(root, false, L""))) return;
   m_Root = nullptr;
   Qel::Sys::Exceptions::ThrowResourceException();
 }
+
+TRegConfigFile::TRegConfigFile(HKEY predefined, const wchar_t* path)
+    : TConfigFile(path), m_Root(predefined) {}
 
 bool TRegConfigFile::SectionExists(const wchar_t* section) const {
   const TRegKey key(m_Root, SectionPath(GetFileName(), section), KEY_QUERY_VALUE, TRegKey::OpenOnly);
