@@ -16,7 +16,7 @@ constexpr std::uint64_t kSlotMask = (std::uint64_t{1} << kSlotBits) - 1;
 constexpr std::uint64_t kOurs = std::uint64_t{1} << 62;
 constexpr std::uint32_t kNoSlot = ~0U;
 
-static_assert(sizeof(HKEY) == sizeof(std::uint64_t), "the counter needs the width");
+static_assert(sizeof(void*) == sizeof(std::uint64_t), "the counter needs the width");
 
 struct Slot {
   std::uint64_t handle = 0;  // 0: free

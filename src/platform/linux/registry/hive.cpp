@@ -59,8 +59,10 @@ void Hive::ForgetKeys() {
 
 KeySnapshot& Hive::Held(std::int64_t key) {
   Recent& recent = m_Recent[static_cast<std::uint64_t>(key) % m_Recent.size()];
-  if (recent.key != key || !recent.snapshot) recent = {key, &m_Keys[key]};
-  return *recent.snapshot;
+  if (recent.snapshot && recent.key == key) return *recent.snapshot;
+  KeySnapshot& snapshot = m_Keys[key];
+  recent = {key, &snapshot};
+  return snapshot;
 }
 
 LONG Hive::CountOf(std::int64_t key, KeySnapshot& snapshot) {

@@ -130,7 +130,7 @@ LONG RegSetValueW(HKEY key, const wchar_t* name, DWORD type, const wchar_t* data
     if (const LONG status = CreateKey(*used, name, target, created)) return status;
   if ((target.access & KEY_SET_VALUE) == 0) return kAccessDenied;
   const std::wstring_view text(data);
-  std::string bytes(2 * kUnit * text.size() + kUnit, '\0');
+  std::string bytes(std::size_t{2} * kUnit * text.size() + kUnit, '\0');
   bytes.resize(kUnit + BytesFromUnits(reinterpret_cast<BYTE*>(bytes.data()),
                                       static_cast<DWORD>(bytes.size() - kUnit), text.data(), text.size()));
   return WriteValue(target, nullptr, REG_SZ, bytes);
