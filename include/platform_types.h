@@ -40,6 +40,12 @@ struct SYSTEMTIME {
   WORD wYear, wMonth, wDayOfWeek, wDay, wHour, wMinute, wSecond, wMilliseconds;
 };
 
+struct GUID {
+  std::uint32_t Data1;
+  std::uint16_t Data2, Data3;
+  std::uint8_t Data4[8];
+};
+
 // The registry. A handle is an id, never an address; the predefined ones are these numbers.
 struct HKEY__;
 using HKEY = HKEY__*;

@@ -139,6 +139,21 @@ DWORD SizeofResource(HINSTANCE module, HRSRC resource);
 HGLOBAL LoadResource(HINSTANCE module, HRSRC resource);
 void* LockResource(HGLOBAL data);
 
+// Movable memory. Null is failure, with the last error 8 (no memory, or a block of no possible size). A block of 0
+// bytes is a handle without memory; GlobalLock of it fails with 157. Here nothing moves as long as nobody asks for
+// another size, locked or not.
+constexpr UINT GMEM_MOVEABLE = 2;
+constexpr UINT GMEM_ZEROINIT = 0x40;  // new bytes are 0; here in GlobalAlloc alone
+HGLOBAL GlobalAlloc(UINT flags, std::size_t bytes);
+// What fits is kept. On failure the block is as it was.
+HGLOBAL GlobalReAlloc(HGLOBAL block, std::size_t bytes, UINT flags);
+// Of a null handle: 0, null.
+std::size_t GlobalSize(HGLOBAL block);
+void* GlobalLock(HGLOBAL block);
+// 0, the last error being 0 when that was the last lock and 158 when there was none; else 1.
+BOOL GlobalUnlock(HGLOBAL block);
+HGLOBAL GlobalFree(HGLOBAL block);  // null
+
 // The system's colours by index, 0 to 24; here those of the default theme. Red is in the lowest byte.
 DWORD GetSysColor(int index);
 
