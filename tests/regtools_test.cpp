@@ -2,11 +2,10 @@
 
 #include <gmock/gmock.h>
 
-#include <filesystem>
 #include <fstream>
-#include <random>
 #include <thread>
 
+#include "support/documents.h"
 #include "support/registry_dump.h"
 #include "support/temp_registry.h"
 #include "utf8.h"
@@ -19,13 +18,10 @@ using namespace std::string_literals;
 
 class RegToolsTest : public testing::Test {
  protected:
-  RegToolsTest() { std::filesystem::create_directory(m_Folder); }
-  ~RegToolsTest() override { std::filesystem::remove_all(m_Folder); }
-
   // The path of a file in a folder of the test's own.
-  CString Path(const char* name) const { return Qel::FromUtf8((m_Folder / name).string()); }
+  CString Path(const char* name) const { return Qel::FromUtf8((m_Folder.Path() / name).string()); }
   void WriteBytes(const std::string& bytes) const {
-    std::ofstream(m_Folder / "in.reg", std::ios::binary) << bytes;
+    std::ofstream(m_Folder.Path() / "in.reg", std::ios::binary) << bytes;
   }
   long Import(const std::wstring& text, TRegImportReport& report) const {
     std::string bytes = "\xFF\xFE";
@@ -38,15 +34,14 @@ class RegToolsTest : public testing::Test {
   }
   std::string Exported() const {
     EXPECT_EQ(ExportRegistry(L"hkcu\\Software\\x\\", Path("out.reg")), 0);
-    std::ifstream file(m_Folder / "out.reg", std::ios::binary);
+    std::ifstream file(m_Folder.Path() / "out.reg", std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
   }
   static Dump All() {
     return RegistryDump(TRegKey(HKEY_CURRENT_USER, L"Software\\x", KEY_READ, TRegKey::OpenOnly));
   }
 
-  const std::filesystem::path m_Folder =
-      std::filesystem::temp_directory_path() / ("qel-regtools-" + std::to_string(std::random_device()()));
+  const TempFolder m_Folder;
   TempRegistry m_Registry;
 };
 
@@ -91,7 +86,6 @@ TEST_F(RegToolsTest, ABadLineIsNamedAndNothingIsDone) {
       {L"[HKCU\\x", Problem::BadKey, 0, 1},
       {L"[HKCX\\x]", Problem::BadKey, 0, 2},
       {L"[-HKCU]", Problem::BadKey, 0, 3},
-      {L"[-HKCU\\]", Problem::BadKey, 0, 3},
       {L"[HKCU\\a\\\\b]", Problem::BadKey, 0, 2},
       {L"[HKCU\\a] x", Problem::BadKey, 0, 10},
       {L"[-HKCU\\a]\n\"v\"=\"\"", Problem::ValueWithoutKey, 1, 1},
@@ -101,13 +95,9 @@ TEST_F(RegToolsTest, ABadLineIsNamedAndNothingIsDone) {
       {L"\"v\"=text", Problem::BadValue, 0, 5},
       {L"\"v\"=\"C:\\Temp\"", Problem::BadValue, 0, 8},
       {L"\"v\"=\"a\n\"w\"=\"b\"", Problem::UnclosedText, 0, 5},
-      {L"\"v\"=\"a", Problem::UnclosedText, 0, 5},
       {L"\"v\"=dword:", Problem::BadValue, 0, 11},
       {L"\"v\"=dword:123456789", Problem::BadValue, 0, 19},
       {L"\"v\"=hex:1,\\\n  ,2", Problem::BadValue, 1, 3},
-      {L"\"v\"=hex:1,\\", Problem::BadValue, 0, 11},
-      {L"\"v\"=hex(123456789):", Problem::BadValue, 0, 17},
-      {L"\"v\"=- \"\"", Problem::BadValue, 0, 7},
   };
   for (const auto& row : rows) {
     TRegImportReport report;
@@ -182,8 +172,8 @@ TEST_F(RegToolsTest, AnExportThatFailsLeavesTheFile) {
   EXPECT_EQ(Exported(), first);
   TRegKey(made, L"a\nb", KEY_READ, TRegKey::CreateOK);
   EXPECT_EQ(ExportRegistry(L"HKCU", Path("out.reg")), 13);
-  EXPECT_EQ(std::filesystem::file_size(m_Folder / "out.reg"), first.size());
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_Folder), {}), 1);
+  EXPECT_EQ(std::filesystem::file_size(m_Folder.Path() / "out.reg"), first.size());
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(m_Folder.Path()), {}), 1);
 }
 
 TEST_F(RegToolsTest, AWaitEndsWithAChange) {

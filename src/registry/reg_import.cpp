@@ -103,7 +103,7 @@ long Apply(const std::vector<RegChange>& changes, std::wstring_view text, TRegIm
   long status = 0;
   const RegChange* refused = nullptr;
   for (const RegChange& change : changes) {
-    if (change.root) status = transaction.Include(change.root->key);
+    if (change.IsOfKey()) status = transaction.Include(change.root->key);
     if (status == 0) status = importer.Apply(change);
     if (status == 0) continue;
     refused = &change;

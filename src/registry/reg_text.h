@@ -30,6 +30,8 @@ struct RegChange {
   std::wstring name;    // of a key below the root, which may be empty; or of a value
   DWORD type;           // of a value
   std::vector<BYTE> data;
+
+  bool IsOfKey() const { return kind == Kind::MakeKey || kind == Kind::DeleteKey; }
 };
 
 // False, told in `report`, at the first line that is bad.

@@ -1,23 +1,19 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <random>
 #include <string>
 
 #include "platform/platform.h"
+#include "support/documents.h"
 #include "support/golden.h"
 #include "utf8.h"
 
-namespace fs = std::filesystem;
-
 namespace {
+
+namespace fs = std::filesystem;
 
 class WholeFileTest : public testing::Test {
  protected:
-  WholeFileTest() { fs::create_directory(m_Folder); }
-  ~WholeFileTest() override { fs::remove_all(m_Folder); }
-
-  CString Path(const char* name) const { return Qel::FromUtf8((m_Folder / name).string()); }
+  CString Path(const char* name) const { return Qel::FromUtf8((m_Folder.Path() / name).string()); }
   LONG Write(const char* name, const std::string& text) const {
     return WriteWholeFile(Path(name), reinterpret_cast<const BYTE*>(text.data()), text.size());
   }
@@ -28,42 +24,41 @@ class WholeFileTest : public testing::Test {
     return status ? std::to_string(status) : std::string(content.begin(), content.end());
   }
 
-  const fs::path m_Folder =
-      fs::temp_directory_path() / ("qel-file-" + std::to_string(std::random_device()()));
+  const TempFolder m_Folder;
 };
 
 }  // namespace
 
 TEST_F(WholeFileTest, WhatIsWrittenReplacesAllThatWasThere) {
-  const std::string large(200000, 'x');
-  for (const std::string& text : {std::string("first"), large, std::string()}) {
+  for (const std::string& text : {std::string("first"), std::string(200000, 'x'), std::string()}) {
     EXPECT_EQ(Write("file", text), 0);
     EXPECT_EQ(Read("file"), text);
   }
-  EXPECT_EQ(std::distance(fs::directory_iterator(m_Folder), {}), 1);
+  EXPECT_EQ(std::distance(fs::directory_iterator(m_Folder.Path()), {}), 1);
 }
 
 TEST_F(WholeFileTest, FailuresHaveTheCodesOfWindows) {
   EXPECT_EQ(Read("none"), "2");
   EXPECT_EQ(Read("none/file"), "3");
   EXPECT_EQ(Write("none/file", "x"), 3);
-  EXPECT_EQ(Write("file", "12345"), 0);
+  Write("file", "12345");
   EXPECT_EQ(Read("file", 4), "223");
   EXPECT_EQ(Read("file", 5), "12345");
-  fs::create_directory(m_Folder / "folder");
+  fs::create_directory(m_Folder.Path() / "folder");
   EXPECT_EQ(Read("folder"), "5");
   EXPECT_EQ(Write("folder", "x"), 5);
 }
 
 TEST_F(WholeFileTest, ALinkStaysAndItsFileKeepsItsRights) {
   if (RunsOnWindows()) GTEST_SKIP() << "rights and links of Linux";
+  const fs::path file = m_Folder.Path() / "file", link = m_Folder.Path() / "link";
   Write("file", "old");
-  fs::permissions(m_Folder / "file", fs::perms::owner_read | fs::perms::owner_write);
-  fs::create_symlink("file", m_Folder / "link");
+  fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write);
+  fs::create_symlink("file", link);
   EXPECT_EQ(Write("link", "new"), 0);
-  EXPECT_TRUE(fs::is_symlink(m_Folder / "link"));
+  EXPECT_TRUE(fs::is_symlink(link));
   EXPECT_EQ(Read("file"), "new");
-  EXPECT_EQ(fs::status(m_Folder / "file").permissions(), fs::perms::owner_read | fs::perms::owner_write);
+  EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write);
   EXPECT_EQ(WriteWholeFile(L"\\dev\\null", nullptr, 0), 0);
   EXPECT_FALSE(fs::is_regular_file("/dev/null"));
 }
