@@ -145,6 +145,18 @@ TEST_P(LinuxRegistryTest, ChangesOfATransactionAreKeptTogetherOrNotAtAll) {
   EXPECT_EQ(EndKeyChanges(key, true), 87) << "none is open";
 }
 
+// Its handle and its path lead nowhere, whatever is made next.
+TEST_P(LinuxRegistryTest, AKeyThatWasUndoneIsNoOther) {
+  Write(Create(L"before"), L"v", 1);
+  ASSERT_EQ(BeginKeyChanges(HKEY_CURRENT_USER), 0);
+  HKEY undone = Create(L"undone");
+  RegCloseKey(Create(L"undone"));
+  EXPECT_EQ(EndKeyChanges(HKEY_CURRENT_USER, false), 0);
+  Write(Create(L"next"), L"v", 2);
+  EXPECT_EQ(Read(undone, L"v"), -1018);
+  EXPECT_EQ(Open(HKEY_CURRENT_USER, L"undone", undone), 2);
+}
+
 TEST_P(LinuxRegistryTest, AForkWithinATransactionUndoesIt) {
   HKEY key = Create(L"Forked");
   ASSERT_EQ(BeginKeyChanges(key), 0);
@@ -244,7 +256,7 @@ TEST_P(LinuxRegistryTest, ATamperedStoreIsReadForWhatItIs) {
         (3, 1, hex(zeroblob(40000)), X'01', 1099511627777, 12345),
         (2, 1, X'EDA080F09F9880', X'', -1, zeroblob(0));
       INSERT INTO key(parent, name, folded) VALUES(1, hex(zeroblob(400)), 'text'), (1, '', X'0000');
-      UPDATE key SET sub_keys = -5, value_count = 1e30 WHERE id = 1;)"),
+      UPDATE key SET sub_keys = -5, value_count = 1e30, parent = (SELECT max(id) FROM key) WHERE id = 1;)"),
             SQLITE_OK);
   database.reset();
   const struct {
@@ -276,6 +288,8 @@ TEST_P(LinuxRegistryTest, ATamperedStoreIsReadForWhatItIs) {
   EXPECT_EQ(Write(HKEY_CURRENT_USER, L"next", 5), 0);
   EXPECT_EQ(Read(HKEY_CURRENT_USER, L"next"), 5);
   EXPECT_EQ(RegDeleteValueW(HKEY_CURRENT_USER, L"A"), 0);
+  WaitForKeyChange(HKEY_CURRENT_USER, 0);
+  EXPECT_EQ(WaitForKeyChange(HKEY_CURRENT_USER, 0), 258) << "though it lies below itself";
 }
 
 }  // namespace

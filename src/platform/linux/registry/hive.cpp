@@ -38,6 +38,8 @@ void Hive::TakeState(const StoreState& state, bool same) {
     // Another connection may be one to another file, where a path leads elsewhere.
     ForgetKeys();
     m_Paths.Clear();
+    // And its states tell nothing about those of the last.
+    same = same && generation == m_Generation;
     m_Generation = generation;
   }
   if (same) return;
@@ -160,12 +162,15 @@ LONG Hive::LoadSubKeys(std::int64_t key, KeySnapshot& snapshot) {
   return status;
 }
 
-LONG Hive::View(const HeldValue& value, ValueView& view) {
+LONG Hive::View(std::int64_t key, const HeldValue& value, ValueView& view) {
   view = {value.name, value.type, value.data};
   if (value.HoldsData()) return 0;
-  const LONG status = m_Rows.ReadData(value.row, [&](std::string_view data) { m_Data = data; });
-  view.data = m_Data;
-  return status;
+  // By its name, and with its type: somebody may have changed it since it was found to hold.
+  return m_Rows.ReadValue(key, value.folded, [&](DWORD type, std::string_view data) {
+    m_Data = data;
+    view.type = type;
+    view.data = m_Data;
+  });
 }
 
 LONG Hive::Measure(std::int64_t key, KeyExtents& extents) {
@@ -197,7 +202,7 @@ LONG Hive::ReadValue(std::int64_t key, const FoldedName& name, ValueView& value)
   }
   const HeldValue* const held = snapshot.Find(name);
   if (!held) return kNotFound;
-  return View(*held, value);
+  return View(key, *held, value);
 }
 
 LONG Hive::ReadFromStore(std::int64_t key, const FoldedName& name, ValueView& value) {
@@ -215,7 +220,7 @@ LONG Hive::ReadValueAt(std::int64_t key, DWORD index, ValueView& value) {
   KeySnapshot& snapshot = Held(key);
   if (const LONG status = LoadValues(key, snapshot)) return status;
   const HeldValue* const held = snapshot.ValueAt(index);
-  return held ? View(*held, value) : kNoMoreItems;
+  return held ? View(key, *held, value) : kNoMoreItems;
 }
 
 LONG Hive::ReadSubKeyAt(std::int64_t key, DWORD index, std::u16string_view& name) {
@@ -370,7 +375,10 @@ LONG Hive::EndChanges(bool keep) {
     m_Rows.File().Rollback();
   }
   // What is in memory holds the changes that were not kept.
-  if (m_Dropped || status != 0) TakeState({}, false);
+  if (m_Dropped || status != 0) {
+    m_Rows.PassOverIds();
+    TakeState({}, false);
+  }
   return keep ? status : 0;
 }
 
@@ -388,14 +396,19 @@ LONG Hive::Digest(std::int64_t key, std::uint64_t& digest) {
     digest = (digest ^ word) * 0x9E3779B97F4A7C15;
     digest ^= digest >> 29;
   };
-  // Names never change: a key or a value with another one has another row.
-  for (std::vector<std::int64_t> left{key}; !left.empty();) {
-    const std::int64_t next = left.back();
+  // Names never change: a key or a value with another one has another row. In a store that somebody has tampered with,
+  // a key may lie below itself: no path leads deeper than the limit.
+  for (std::vector<KeyPlace> left{{key, 0}}; !left.empty();) {
+    const KeyPlace next = left.back();
     left.pop_back();
-    mix(static_cast<std::uint64_t>(next));
-    LONG status = m_Rows.EachKey(next, [&](const KeyRow& row) { left.push_back(row.row); });
+    mix(static_cast<std::uint64_t>(next.row));
+    LONG status = 0;
+    if (next.depth < kDeepestKey)
+      status = m_Rows.EachKey(next.row, [&](const KeyRow& row) {
+        left.push_back({row.row, next.depth + 1});
+      });
     if (status == 0)
-      status = m_Rows.EachValue(next, [&](const ValueRow& row) {
+      status = m_Rows.EachValue(next.row, [&](const ValueRow& row) {
         mix(static_cast<std::uint64_t>(row.row));
         mix(row.type);
         mix(std::hash<std::string_view>()(row.data));

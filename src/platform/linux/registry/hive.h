@@ -81,7 +81,7 @@ class Hive {
   LONG IsWorthLoading(std::int64_t key, KeySnapshot& snapshot, bool& worth);
   LONG LoadValues(std::int64_t key, KeySnapshot& snapshot);
   LONG LoadSubKeys(std::int64_t key, KeySnapshot& snapshot);
-  LONG View(const HeldValue& value, ValueView& view);
+  LONG View(std::int64_t key, const HeldValue& value, ValueView& view);
   LONG ReadFromStore(std::int64_t key, const FoldedName& name, ValueView& value);
 
   // Runs `body` as a transaction, or within the one that is open.

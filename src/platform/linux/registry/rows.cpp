@@ -14,7 +14,6 @@ constexpr const char* kQueries[] = {
     "SELECT parent, folded FROM key WHERE id = ?1",
     "SELECT sub_keys, value_count FROM key WHERE id = ?1",
     "SELECT type, data FROM value WHERE key = ?1 AND folded = ?2",
-    "SELECT data FROM value WHERE id = ?1",
     "SELECT id, name, folded FROM key WHERE parent = ?1 ORDER BY folded",
     "SELECT id, name, folded, type, data FROM value WHERE key = ?1",
     "INSERT INTO key(parent, name, folded) VALUES(?1, ?2, ?3)",
@@ -23,6 +22,7 @@ constexpr const char* kQueries[] = {
     "INSERT INTO value(key, name, folded, type, data) VALUES(?1, ?2, ?3, ?4, ?5)",
     "UPDATE value SET type = ?2, data = ?3 WHERE id = ?1",
     "DELETE FROM value WHERE id = ?1",
+    "UPDATE sqlite_sequence SET seq = max(seq, ?1) WHERE name = 'key'",
 };
 
 DWORD CountOfColumn(sqlite3_stmt* row, int column) {
@@ -116,12 +116,18 @@ LONG Rows::FindParent(std::int64_t key, std::int64_t& parent, std::string& folde
 }
 
 LONG Rows::InsertKey(std::int64_t parent, std::string_view name, std::string_view folded, std::int64_t& row) {
+  if (m_PassedId != 0) {
+    sqlite3_stmt* const skip = Compiled(SkipIds);
+    sqlite3_bind_int64(skip, 1, m_PassedId);
+    if (const LONG status = Execute(skip)) return status;
+    m_PassedId = 0;
+  }
   sqlite3_stmt* const statement = Compiled(AddKey);
   sqlite3_bind_int64(statement, 1, parent);
   BindText(statement, 2, name);
   BindBytes(statement, 3, folded);
   const LONG status = Execute(statement);
-  row = sqlite3_last_insert_rowid(m_Store.Connection());
+  if (status == 0) m_LastId = row = sqlite3_last_insert_rowid(m_Store.Connection());
   return status;
 }
 

@@ -41,6 +41,9 @@ class Rows {
   bool StillWriting() const noexcept { return m_Store.Writing() && m_Generation == m_Store.Generation(); }
   // 0, or why a statement since BeginWrite() was not carried out.
   LONG WriteFailure() const noexcept { return m_WriteFailure; }
+  // After a rollback, which lets the store give the ids of the keys that it undid once more: a handle may still stand
+  // for one.
+  void PassOverIds() noexcept { m_PassedId = m_LastId; }
 
   // 2 when there is none.
   LONG FindKey(std::int64_t parent, std::string_view folded, std::int64_t& row);
@@ -52,8 +55,6 @@ class Rows {
   // Hands the value's type and data to `take` where it is there, else answers 2.
   template <class Take>
   LONG ReadValue(std::int64_t key, std::string_view folded, Take take);
-  template <class Take>
-  LONG ReadData(std::int64_t value, Take take);
   // Hands every row to `take`; sub-keys in the order of their folded names, values in any.
   template <class Take>
   LONG EachKey(std::int64_t parent, Take take);
@@ -73,7 +74,6 @@ class Rows {
     ParentRow,
     CountKey,
     ReadValueRow,
-    ReadDataRow,
     AllKeys,
     AllValues,
     AddKey,
@@ -82,6 +82,7 @@ class Rows {
     AddValue,
     ChangeValue,
     RemoveValue,
+    SkipIds,
     QueryCount
   };
 
@@ -97,6 +98,8 @@ class Rows {
   Store& m_Store;
   std::uint64_t m_Generation = 0;
   LONG m_WriteFailure = 0;
+  std::int64_t m_LastId = 0;    // of the keys made here
+  std::int64_t m_PassedId = 0;  // those made from now on lie above; 0: so they do anyway
   std::array<sqlite3_stmt*, QueryCount> m_Statements{};  // the connection's own, gone with it
 };
 
@@ -132,15 +135,6 @@ LONG Rows::ReadValue(std::int64_t key, std::string_view folded, Take take) {
   const LONG status = Run(statement, rows, [&](sqlite3_stmt* row) {
     take(static_cast<DWORD>(sqlite3_column_int64(row, 0)), BytesOfColumn(row, 1));
   });
-  return status == 0 && rows == 0 ? 2 : status;
-}
-
-template <class Take>
-LONG Rows::ReadData(std::int64_t value, Take take) {
-  sqlite3_stmt* const statement = Compiled(ReadDataRow);
-  sqlite3_bind_int64(statement, 1, value);
-  int rows = 0;
-  const LONG status = Run(statement, rows, [&](sqlite3_stmt* row) { take(BytesOfColumn(row, 0)); });
   return status == 0 && rows == 0 ? 2 : status;
 }
 
