@@ -54,7 +54,9 @@ void Line(const std::string& name, const std::string& value) {
 }
 
 std::string WritingShown(const StoreReport& store) {
-  if (store.access == StoreReport::Access::Unreadable) return Say(Text::WritingFresh);
+  constexpr long kBroken = 1016;
+  if (store.access == StoreReport::Access::Unreadable && store.whyNotWritten == kBroken)
+    return Say(Text::WritingFresh);
   return store.whyNotWritten == 0 ? Say(Text::WritingPossible) : StoreStatusText(store.whyNotWritten);
 }
 

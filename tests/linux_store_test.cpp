@@ -169,13 +169,59 @@ TEST_F(LinuxStoreTest, ReadsWhereverTheFileCanBeRead) {
                   if (Put("a", "2") != row.writing) return 3;
                   if (Get("a") != (row.writing ? "1" : "2") || !IsWhole()) return 4;
                   if (!isRoot || row.inTheWay) return 0;
+                  WaitForKeyChange(HKEY_CURRENT_USER, 0);
                   other.Write('3');
-                  return Get("a") == "3" ? 0 : 5;
+                  return Get("a") == "3" && WaitForKeyChange(HKEY_CURRENT_USER, 0) == 0 ? 0 : 5;
                 }),
                 0);
       chmod(registry.Place().c_str(), 0700);
     }
   }
+}
+
+TEST_F(LinuxStoreTest, WhoMayNotReadIsToldSo) {
+  ASSERT_EQ(Put("a", "1"), 0);
+  Store::Forget();
+  chmod(Folder().c_str(), 0755);
+  chmod(File().c_str(), 0);
+  EXPECT_EQ(WithoutRights([] {
+              const StoreReport report = ReportOnStore(false);
+              return report.access == Access::Unreadable && report.whyNotWritten == 5 &&
+                             Get("a") == "status 5" && Put("a", "2") == 5
+                         ? 0
+                         : 1;
+            }),
+            0);
+}
+
+TEST_F(LinuxStoreTest, ALookAtAStoreChangesNothing) {
+  const auto bytes = [&](const char* suffix) {
+    std::ifstream file(File() + suffix, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), {});
+  };
+  ASSERT_EQ(Put("a", "1"), 0);
+  const auto look = [&](const char* state) {
+    SCOPED_TRACE(state);
+    Store::Forget();
+    const std::string store = bytes(""), log = bytes("-wal");
+    ReportOnStore(false);
+    EXPECT_TRUE(bytes("") == store);
+    EXPECT_TRUE(bytes("-wal") == log);
+  };
+  look("a log");
+  Store::Forget();
+  std::fstream(File(), std::ios::in | std::ios::out | std::ios::binary).seekp(2048) << std::string(1024, 'x');
+  look("a log with pages that are damaged in the store");
+  fs::resize_file(File(), 1500);
+  look("a store that was cut");
+  fs::remove(File());
+  ASSERT_EQ(Put("a", "2"), 0);
+  Store::Forget();
+  Alter(File(), "PRAGMA journal_mode = DELETE");
+  look("another kind of log");
+  const std::string other = bytes("");
+  EXPECT_EQ(Put("a", "3"), 0);
+  EXPECT_NE(bytes("").substr(18, 2), other.substr(18, 2)) << "which the first use switches back";
 }
 
 TEST_F(LinuxStoreTest, EveryReadKnowsWhetherSomebodyHasWritten) {

@@ -88,7 +88,7 @@ LONG Store::Open() {
     RepairStore(m_File, m_Place, account);
     m_Opened = OpenStore(m_File, m_Place);
   }
-  if (!Connection()) return kStoreFailed;
+  if (!Connection()) return WhyNotRead(m_File, m_Opened.code);
   TakeConnection();
   // Last, since whoever is told may come back here.
   if (!account.empty()) TellOfRepair(account);
@@ -100,6 +100,7 @@ void Store::TakeConnection() {
   m_NextLook = CoarseTime() + kTimeBetweenLooks;
   m_Synced = true;
   m_LastSynced = std::numeric_limits<std::int64_t>::min() / 2;
+  TakeLog(m_Opened);
   if (m_Opened.hasIndex) m_Index.Attach(Connection());
 }
 
@@ -108,7 +109,6 @@ void Store::Close() {
   m_DataVersion.reset();
   m_Begin.reset();
   m_Commit.reset();
-  if (Connection()) LeaveLogAtClose(Connection());
   m_Opened = OpenedStore();
   m_Writing = false;
   m_Damaged = false;

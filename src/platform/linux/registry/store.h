@@ -25,8 +25,8 @@ class Store {
   Store(const Store&) = delete;
   Store& operator=(const Store&) = delete;
 
-  // Makes the content readable, reopening what a fork, a failure or a move of the file has closed. 0, or 1016 when
-  // no way is left. A missing file reads as an empty store and stays missing; so the connection may be one to a
+  // Makes the content readable, reopening what a fork, a failure or a move of the file has closed. 0, or when no way
+  // is left, 5 no right to read, 170 locked by others, 1016. A missing file reads as an empty store and stays missing; so the connection may be one to a
   // copy in memory.
   LONG Open();
   // What Open() made ready. Its statements are finalized when it is closed.

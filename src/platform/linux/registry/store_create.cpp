@@ -46,8 +46,6 @@ std::string HiddenName(const std::string& file) {
 }
 
 LONG MakeHiddenFile(const std::string& name, StorePlace place) {
-  // What a process left that ended in the middle.
-  for (const char* const suffix : {"", "-wal", "-shm", "-journal"}) unlink((name + suffix).c_str());
   const int handle = open(name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600);
   if (handle < 0) return StatusOfError(errno);
   const LONG status = fchmod(handle, StoreFileMode(place)) == 0 ? 0 : StatusOfError(errno);
@@ -73,6 +71,7 @@ bool StoreIsMissing(const std::string& file) {
 
 LONG BuildHiddenStore(const std::string& file, StorePlace place, Database& store) {
   const std::string hidden = HiddenName(file);
+  DropHiddenStore(file);  // what a process left that ended in the middle
   if (const LONG status = MakeHiddenFile(hidden, place)) return status;
   int code = OpenDatabase(hidden.c_str(), SQLITE_OPEN_READWRITE, store);
   // Synced as a whole before anybody sees it.
@@ -89,6 +88,11 @@ LONG FinishHiddenStore(const std::string& file, Database store) {
       sqlite3_wal_checkpoint_v2(store.get(), "main", SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
   store.reset();
   return code == SQLITE_OK ? SyncFile(HiddenName(file)) : Store::StatusOf(code);
+}
+
+void DropHiddenStore(const std::string& file) {
+  for (const char* const suffix : {"", "-wal", "-shm", "-journal"})
+    unlink((HiddenName(file) + suffix).c_str());
 }
 
 LONG ShowHiddenStore(const std::string& file) {
@@ -110,7 +114,10 @@ LONG CreateStore(const std::string& file, StorePlace place) {
   // A log without its store would be taken for the log of the new one.
   if (const LONG status = MoveStrayLogAside(file)) return status;
   Database store;
-  if (const LONG status = BuildHiddenStore(file, place, store)) return status;
-  const LONG status = FinishHiddenStore(file, std::move(store));
-  return status ? status : ShowHiddenStore(file);
+  LONG status = BuildHiddenStore(file, place, store);
+  if (status == 0) status = FinishHiddenStore(file, std::move(store));
+  if (status == 0) return ShowHiddenStore(file);
+  store.reset();
+  DropHiddenStore(file);  // a full disk needs the room
+  return status;
 }

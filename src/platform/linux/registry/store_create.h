@@ -17,9 +17,10 @@ bool StoreIsMissing(const std::string& file);
 LONG CreateStore(const std::string& file, StorePlace place);
 
 // The same in steps, for whoever holds the store's lock and has rows to put in: a store that nobody sees, in `store`;
-// closed and on the disk; in its place.
+// closed and on the disk; in its place. Or given up, once it is closed.
 LONG BuildHiddenStore(const std::string& file, StorePlace place, Database& store);
 LONG FinishHiddenStore(const std::string& file, Database store);
 LONG ShowHiddenStore(const std::string& file);
+void DropHiddenStore(const std::string& file);
 
 #endif  // QEL_PLATFORM_LINUX_REGISTRY_STORE_CREATE_H

@@ -26,17 +26,11 @@ void MarkFile(const std::string& name, std::uint64_t* numbers) {
   numbers[4] = static_cast<std::uint64_t>(state.st_mtim.tv_nsec);
 }
 
-// Whether the log is kept in a file of its own. A store that somebody has switched over is switched back.
+// Whether the log is kept in a file of its own.
 bool HasLog(sqlite3* database) {
   const Statement mode = Prepare(database, "PRAGMA journal_mode");
   if (!mode || sqlite3_step(mode.get()) != SQLITE_ROW) return false;
   return std::strcmp(reinterpret_cast<const char*>(sqlite3_column_text(mode.get(), 0)), "wal") == 0;
-}
-
-bool TakeLog(sqlite3* database) {
-  if (HasLog(database)) return true;
-  Execute(database, "PRAGMA journal_mode = WAL");
-  return HasLog(database);
 }
 
 void KeepLogAtClose(sqlite3* database) {
@@ -67,6 +61,8 @@ OpenedStore OpenShared(const std::string& file, StorePlace place) {
   opened.access = StoreAccess::Shared;
   opened.code = OpenDatabase(file.c_str(), SQLITE_OPEN_READWRITE, opened.connection);
   sqlite3* const database = opened.connection.get();
+  // Before anything is read: where that fails, the log may be all that is left.
+  if (opened.code == SQLITE_OK) LeaveLogAtClose(database);
   if (opened.code == SQLITE_OK) opened.code = CheckStore(database, version);
   if (opened.code != SQLITE_OK) {
     opened.whyNotWritten =
@@ -78,7 +74,7 @@ OpenedStore OpenShared(const std::string& file, StorePlace place) {
     opened.whyNotWritten = kAccessDenied;
   // Others may read the machine's settings only while the log and its index are there.
   if (place == StorePlace::Machine) KeepLogAtClose(database);
-  opened.hasIndex = opened.whyNotWritten == 0 ? TakeLog(database) : HasLog(database);
+  opened.hasIndex = HasLog(database);
   return opened;
 }
 
@@ -109,6 +105,18 @@ StoreMark MarkOf(const std::string& file) {
   MarkFile(file, mark.numbers.data());
   MarkFile(file + "-wal", mark.numbers.data() + kNumbersOfFile);
   return mark;
+}
+
+void TakeLog(OpenedStore& opened) {
+  if (opened.hasIndex || opened.access != StoreAccess::Shared || opened.whyNotWritten != 0) return;
+  Execute(opened.connection.get(), "PRAGMA journal_mode = WAL");
+  opened.hasIndex = HasLog(opened.connection.get());
+}
+
+LONG WhyNotRead(const std::string& file, int code) {
+  if (access(file.c_str(), R_OK) != 0) return StatusOfError(errno);
+  const LONG status = Store::StatusOf(code);
+  return status ? status : kStoreFailed;
 }
 
 int CheckStore(sqlite3* database, std::int64_t& version) {

@@ -28,8 +28,12 @@ struct OpenedStore {
   StoreMark mark;          // of a missing or copied store when it was read
 };
 
-// A missing store opens as an empty one and stays missing.
+// A missing store opens as an empty one and stays missing. Nothing is changed, neither now nor when it is closed.
 OpenedStore OpenStore(const std::string& file, StorePlace place);
+// Switches a store back that somebody has switched over to another kind of log.
+void TakeLog(OpenedStore& opened);
+// The code for a store that could not be opened, from SQLite's answer.
+LONG WhyNotRead(const std::string& file, int code);
 
 // Whether an open database is a store, whole as far as its first page tells. SQLITE_OK, SQLITE_CORRUPT or SQLITE_NOTADB
 // for a damaged one, or why it cannot be read; `version` is that of its layout.

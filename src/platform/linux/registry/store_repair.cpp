@@ -69,7 +69,9 @@ LONG RepairStore(const std::string& file, StorePlace place, std::string& account
   if (damage.empty()) return 0;
   // Where it still can be locked, nobody writes to it between the saving and the moving.
   Execute(damaged.get(), "BEGIN IMMEDIATE");
-  return Replace(damaged.get(), file, place, damage, account);
+  const LONG status = Replace(damaged.get(), file, place, damage, account);
+  if (status != 0 && !StoreIsMissing(file)) DropHiddenStore(file);
+  return status;
 }
 
 void TellOfRepair(const std::string& account) {

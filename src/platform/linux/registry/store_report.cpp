@@ -1,9 +1,12 @@
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <mutex>
 #include <string_view>
 
+#include "store.h"
 #include "store_create.h"
 #include "store_open.h"
 #include "store_status.h"
@@ -21,6 +24,15 @@ LONG WhyNotMade(std::string folder) {
   while (access(folder.c_str(), F_OK) != 0 && folder.size() > 1)
     folder.resize(std::max<std::size_t>(folder.rfind('/'), 1));
   return access(folder.c_str(), W_OK) == 0 ? 0 : StatusOfError(errno);
+}
+
+// A store, its log and its index need about that much to begin with.
+bool DiskIsFull(std::string name) {
+  constexpr std::uint64_t kLeastRoom = 65536;
+  struct statvfs disk {};
+  while (statvfs(name.c_str(), &disk) != 0 && name.size() > 1)
+    name.resize(std::max<std::size_t>(name.rfind('/'), 1));
+  return disk.f_blocks != 0 && std::uint64_t{disk.f_bavail} * disk.f_frsize < kLeastRoom;
 }
 
 std::vector<StoreReport::Event> Events(sqlite3* store) {
@@ -50,16 +62,19 @@ StoreReport ReportOnStore(bool machine) {
   const std::string file = StoreFile(place);
   StoreReport report;
   report.path = WideFromUtf8(file);
+  // A fork must not take the connection along either.
+  const std::lock_guard lock(StoreLock());
   OpenedStore opened = OpenStore(file, place);
   if (!opened.connection) {
     report.access = StoreReport::Access::Unreadable;
     report.integrity = WideFromUtf8(sqlite3_errstr(opened.code));
-    report.whyNotWritten = kStoreFailed;
+    report.whyNotWritten = IsDamage(opened.code) ? opened.whyNotWritten : WhyNotRead(file, opened.code);
   } else if (opened.access == StoreAccess::Missing) {
     report.integrity = L"ok";
     report.whyNotWritten = WhyNotMade(file);
   } else {
     Describe(opened, report);
   }
+  if (report.whyNotWritten == 0 && DiskIsFull(file)) report.whyNotWritten = kDiskFull;
   return report;
 }
