@@ -45,9 +45,8 @@ void ForEachName(const std::wstring& names, Take&& take) {
 }
 
 bool IsTakenForInteger(std::wstring_view text) noexcept {
-  constexpr std::wstring_view kHexDigits = L"0123456789abcdefABCDEF";
   text = text.substr(0, text.find(L'\n'));
-  return text.find_first_not_of(kHexDigits) == std::wstring_view::npos;
+  return std::all_of(text.begin(), text.end(), [](wchar_t ch) { return HexDigitValue(ch) >= 0; });
 }
 
 void CopyEntry(const TConfigFile& source, TConfigFile& target, const wchar_t* section, const wchar_t* entry) {

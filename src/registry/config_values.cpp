@@ -32,11 +32,10 @@ int WrappingSum(int a, int b) {
   return static_cast<int>(static_cast<unsigned>(a) + static_cast<unsigned>(b));
 }
 
-// One channel: "R=255" or the number alone.
+// One channel: "R=255" or the number alone. `letter` is the small one.
 int ReadChannel(std::wstring_view text, wchar_t letter) {
-  constexpr wchar_t kToLower = L'a' - L'A';
   text = WithoutBlanks(text);
-  if (text.starts_with(letter) || text.starts_with(static_cast<wchar_t>(letter + kToLower))) {
+  if (!text.empty() && AsciiLower(text.front()) == letter) {
     text = WithoutBlanks(text.substr(1));
     if (text.starts_with(L'=')) text.remove_prefix(1);
   }
@@ -199,9 +198,9 @@ bool TConfigFile::ReadColor(const wchar_t* section, const wchar_t* entry, TColor
   const std::size_t first = all.find(L',');
   const std::size_t second = first == all.npos ? all.npos : all.find(L',', first + 1);
   if (second == all.npos) return false;
-  const int red = ReadChannel(all.substr(0, first), L'R');
-  const int green = ReadChannel(all.substr(first + 1, second - first - 1), L'G');
-  const int blue = ReadChannel(all.substr(second + 1), L'B');
+  const int red = ReadChannel(all.substr(0, first), L'r');
+  const int green = ReadChannel(all.substr(first + 1, second - first - 1), L'g');
+  const int blue = ReadChannel(all.substr(second + 1), L'b');
   for (const int channel : {red, green, blue}) {
     if (channel < 0 || channel > 255) return false;
   }

@@ -22,20 +22,15 @@ namespace {
 constexpr int kNullEntryLine = 218;
 constexpr unsigned int kMostDataSize = (0x7FFFFFFF - 1) / 3;  // more cannot be asked for as text
 
-constexpr wchar_t AsciiLower(wchar_t ch) noexcept {
-  return ch >= L'A' && ch <= L'Z' ? static_cast<wchar_t>(ch - L'A' + L'a') : ch;
-}
-
 bool IsOneOf(std::wstring_view text, std::initializer_list<std::wstring_view> words) noexcept {
-  const auto same = [](wchar_t a, wchar_t b) { return AsciiLower(a) == b; };
-  return std::any_of(words.begin(), words.end(), [&](std::wstring_view word) {
-    return std::equal(text.begin(), text.end(), word.begin(), word.end(), same);
-  });
+  return std::any_of(words.begin(), words.end(),
+                     [text](std::wstring_view word) { return IsSameWord(text, word); });
 }
 
 constexpr unsigned int kFirstRoom = 4096;
 constexpr unsigned int kMoreRoom = 1024;
-constexpr unsigned int kMostRoom = 1U << 24;  // against stores that always tell of more
+constexpr unsigned int kMostRoom =
+    1U << 20;  // against stores that always tell of more: each pass reads all anew
 
 // Reads the names by `read(buffer, size)`; again with more room as long as the length that comes back says so. The
 // room grows before it is held against the length, so a list that is a little longer than the buffer stays cut; of

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "registry/reg_text.h"
+#include "registry/text_scan.h"
 
 namespace {
 
@@ -19,22 +20,6 @@ const RegRoot kRoots[] = {
 
 constexpr bool IsLineEnd(wchar_t ch) {
   return ch == L'\r' || ch == L'\n';
-}
-
-constexpr wchar_t Lower(wchar_t ch) {
-  return ch >= L'A' && ch <= L'Z' ? static_cast<wchar_t>(ch + 32) : ch;
-}
-
-bool SameName(std::wstring_view a, std::wstring_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](wchar_t x, wchar_t y) { return Lower(x) == Lower(y); });
-}
-
-// The value of a hexadecimal digit, or -1.
-constexpr int Digit(wchar_t ch) {
-  if (ch >= L'0' && ch <= L'9') return ch - L'0';
-  const wchar_t lower = Lower(ch);
-  return lower >= L'a' && lower <= L'f' ? lower - L'a' + 10 : -1;
 }
 
 bool IsKeyPath(std::wstring_view path) {
@@ -72,7 +57,7 @@ class Parser {
     while (!AtLineEnd()) ++m_At;
   }
   bool Skip(std::wstring_view word) {
-    if (!SameName(m_Text.substr(m_At, word.size()), word)) return false;
+    if (!IsSameWord(m_Text.substr(m_At, word.size()), word)) return false;
     m_At += word.size();
     return true;
   }
@@ -182,6 +167,7 @@ class Parser {
 
   bool ParseNumber(RegChange& change) {
     DWORD value = 0;
+    SkipBlanks();
     if (!ParseHex(value, 8)) return Fail(m_At, Problem::BadValue);
     change.type = REG_DWORD;
     for (int shift = 0; shift < 32; shift += 8)
@@ -192,12 +178,12 @@ class Parser {
   // One to `most` digits.
   bool ParseHex(DWORD& value, int most) {
     const std::size_t start = m_At;
-    for (value = 0; most > 0 && Digit(Peek()) >= 0; --most, ++m_At)
-      value = value << 4 | static_cast<DWORD>(Digit(Peek()));
+    for (value = 0; most > 0 && HexDigitValue(Peek()) >= 0; --most, ++m_At)
+      value = value << 4 | static_cast<DWORD>(HexDigitValue(Peek()));
     return m_At > start;
   }
 
-  // Bytes stand between commas; a "\" behind one of them goes on in the next line.
+  // Bytes stand between commas; a "\" behind one of them goes on in the next line that is not empty or a comment.
   bool ParseBytes(std::vector<BYTE>& data) {
     SkipContinuations();
     if (AtLineEnd() || Peek() == L';') return true;
@@ -219,7 +205,7 @@ class Parser {
         m_At = start;
         return;
       }
-      m_At += m_Text.substr(m_At).starts_with(L"\r\n") ? 2U : 1U;
+      SkipToContent();
     }
   }
 
@@ -237,7 +223,7 @@ const RegRoot* FindRegRoot(std::wstring_view path, std::wstring_view& below) {
   const std::wstring_view name = path.substr(0, end);
   below = path.substr(std::min(end + 1, path.size()));
   for (const RegRoot& root : kRoots)
-    if (SameName(name, root.name) || SameName(name, root.shortName)) return &root;
+    if (IsSameWord(name, root.name) || IsSameWord(name, root.shortName)) return &root;
   return nullptr;
 }
 

@@ -14,14 +14,6 @@ using Qel::Sys::Text::IsWhiteSpace;
 constexpr std::size_t kMostDoubleLength = 100;
 constexpr std::wstring_view kBlanks = L" \t";
 
-// -1 for any other character.
-int HexDigitValue(wchar_t ch) noexcept {
-  if (IsAsciiDigit(ch)) return static_cast<int>(ch - L'0');
-  if (ch >= L'A' && ch <= L'F') return static_cast<int>(ch - L'A') + 10;
-  if (ch >= L'a' && ch <= L'f') return static_cast<int>(ch - L'a') + 10;
-  return -1;
-}
-
 // Whether "0x" and a digit begin here, a point before the digit or not; without it the number is the 0 alone.
 bool StartsHex(std::string_view text) noexcept {
   if (!text.starts_with("0x") && !text.starts_with("0X")) return false;
@@ -49,6 +41,11 @@ double SignedDouble(bool negative, std::string_view text) noexcept {
 }
 
 }  // namespace
+
+bool IsSameWord(std::wstring_view a, std::wstring_view b) noexcept {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](wchar_t x, wchar_t y) { return AsciiLower(x) == AsciiLower(y); });
+}
 
 std::wstring_view WithoutBlanks(std::wstring_view text) noexcept {
   text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));

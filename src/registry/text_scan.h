@@ -13,6 +13,20 @@ constexpr bool IsAsciiDigit(wchar_t ch) noexcept {
   return ch >= L'0' && ch <= L'9';
 }
 
+constexpr wchar_t AsciiLower(wchar_t ch) noexcept {
+  return ch >= L'A' && ch <= L'Z' ? static_cast<wchar_t>(ch - L'A' + L'a') : ch;
+}
+
+// -1 for a character that is no digit.
+constexpr int HexDigitValue(wchar_t ch) noexcept {
+  if (IsAsciiDigit(ch)) return static_cast<int>(ch - L'0');
+  const wchar_t lower = AsciiLower(ch);
+  return lower >= L'a' && lower <= L'f' ? static_cast<int>(lower - L'a') + 10 : -1;
+}
+
+// Whether two texts differ at most in the case of ASCII letters.
+bool IsSameWord(std::wstring_view a, std::wstring_view b) noexcept;
+
 // Without the blanks and tabs around it.
 std::wstring_view WithoutBlanks(std::wstring_view text) noexcept;
 
