@@ -87,7 +87,8 @@ class QEL_API TConfigFile {
   double ReadDouble(const wchar_t* section, const wchar_t* entry, double defaultValue) const;
   bool WriteDouble(const wchar_t* section, const wchar_t* entry, double value);
   // Significant digits of WriteDouble, for the whole process, without a lock: below 0 twenty (more than any double
-  // needs to come back the same; what a process starts with), 0 for six.
+  // needs to come back the same; what a process starts with), 0 for six. Beyond about 60 the text outgrows what
+  // ReadDouble takes of it, 79 characters.
   static int GetPrecision() noexcept;
   static void SetPrecision(int digits) noexcept;
 

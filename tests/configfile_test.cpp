@@ -369,6 +369,15 @@ TEST(ConfigFileTest, NamesAsAStringAreTheFirstOneWithTheLengthOfAll) {
   }
 }
 
+TEST(ConfigFileTest, AStoreThatAlwaysTellsOfMoreIsLeft) {
+  struct Boundless : TextStore {
+    using TConfigFile::ReadSections;
+    int ReadSections(wchar_t*, unsigned) const override { return std::numeric_limits<int>::max(); }
+  };
+  CString names;
+  EXPECT_EQ(Boundless().ReadSections(names), std::numeric_limits<int>::max());
+}
+
 TEST(ConfigFileTest, LoadingMergesTextsAndNumbers) {
   const std::wstring longText(300, L'x');
   TextStore source;
