@@ -33,7 +33,7 @@ class RegToolsTest : public testing::Test {
     return ImportRegistry(Path("in.reg"), report);
   }
   std::string Exported() const {
-    EXPECT_EQ(ExportRegistry(L"hkcu\\Software\\x\\", Path("out.reg")), 0);
+    EXPECT_EQ(ExportRegistry(L"hkcu\\Software\\\\x\\", Path("out.reg")), 0);
     std::ifstream file(m_Folder.Path() / "out.reg", std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
   }
@@ -62,6 +62,7 @@ TEST_F(RegToolsTest, EveryFormOfALineIsRead) {
       {L"\"h\"=hex:1,\\ ; note\r\n  fF,02\n\"e\"=hex(7):", {L"\\h=3:01ff02", L"\\e=7:"}},
       {L"\"t\"=hex(1):61,00\r\"q\"=hex(b):01", {L"\\t=1:6100", L"\\q=11:01"}},
       {L"\"o\"=hex(FFFFFFFF):00", {L"\\o=4294967295:00"}},
+      {L"\"d\"=dword: 7\n\"h\"=hex:1,\\\r\n\r\n ; note\r\n2", {L"\\d=4:07000000", L"\\h=3:0102"}},
       {L"\"d\"=dword:1\n\"D\"=-\n@=-\n", {}},
       {L"[HKCU\\Software\\x\\y]z] ; ]", {L"\\y]z] ; \\"}},
       {L"[HKLM\\Software\\x\\y]\n\"a\"=\"\"\n[HKCU\\Software\\x]", {}},
@@ -161,6 +162,10 @@ TEST_F(RegToolsTest, WhatIsExportedImportsToTheSame) {
   EXPECT_EQ(ImportRegistry(Path("out.reg"), report), 0);
   EXPECT_EQ(std::make_pair(report.keys, report.values), std::make_pair(2, 48));
   EXPECT_EQ(All(), before);
+  // 77 units, whatever wide characters are here.
+  TRegKey(HKEY_CURRENT_USER, L"Software\\x\\😀", KEY_READ, TRegKey::CreateOK);
+  EXPECT_EQ(ExportRegistry(L"HKCU\\Software\\x\\😀", Path("out.reg")), 0);
+  EXPECT_EQ(std::filesystem::file_size(m_Folder.Path() / "out.reg"), 156U);
 }
 
 TEST_F(RegToolsTest, AnExportThatFailsLeavesTheFile) {

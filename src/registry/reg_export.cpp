@@ -1,12 +1,18 @@
+#include <algorithm>
 #include <memory>
 
 #include "registry/reg_text.h"
 
 namespace {
 
-constexpr long kNotFound = 2, kBadPath = 161, kMoreData = 234;
+constexpr long kNotFound = 2, kBadPath = 161, kMoreData = 234, kNoMoreItems = 259, kKeyDeleted = 1018;
 constexpr DWORD kKeyNameRoom = 261, kValueNameRoom = 16384;
 constexpr std::size_t kLineLength = 76;  // then a line of bytes is broken behind its comma
+
+// Whether nothing is left to write, be it that others deleted it meanwhile.
+bool IsEnd(long status) {
+  return status == kNoMoreItems || status == kNotFound || status == kKeyDeleted;
+}
 
 class Exporter {
  public:
@@ -17,22 +23,23 @@ class Exporter {
     while (!m_Levels.empty()) {
       Level& level = m_Levels.back();
       wchar_t name[kKeyNameRoom];
-      if (level.key->EnumKey(level.next++, name, kKeyNameRoom) != 0) {
+      long status = level.key->EnumKey(level.next++, name, kKeyNameRoom);
+      if (status == 0)
+        status = Descend(*level.key, name, level.path + L'\\' + name);
+      else
         m_Levels.pop_back();
-        continue;
-      }
-      const long status = Descend(*level.key, name, level.path + L'\\' + name);
-      if (status != 0 && status != kNotFound) return status;  // one that is gone by now is left out
+      if (status != 0 && !IsEnd(status)) return status;
     }
     m_Text += L"\r\n";
     return 0;
   }
 
   std::vector<BYTE> File() const {
-    std::vector<BYTE> file(2 + m_Text.size() * 2);
+    std::vector<BYTE> file(2 + m_Text.size() * 4);  // a caller's element may stand for two units
     file[0] = 0xFF;
     file[1] = 0xFE;
-    BytesFromUnits(file.data() + 2, static_cast<DWORD>(file.size() - 2), m_Text.data(), m_Text.size());
+    const DWORD room = static_cast<DWORD>(file.size() - 2);
+    file.resize(2 + BytesFromUnits(file.data() + 2, room, m_Text.data(), m_Text.size()));
     return file;
   }
 
@@ -63,7 +70,7 @@ class Exporter {
         --index;
         continue;
       }
-      if (status != 0) return 0;  // no more, or the key is gone by now
+      if (status != 0) return IsEnd(status) ? 0 : status;
       WriteValue(std::wstring_view(m_Name.data(), length), type, size);
     }
   }
@@ -150,9 +157,13 @@ long ExportRegistry(const wchar_t* key, const wchar_t* path) {
   std::wstring_view below;
   const RegRoot* const root = FindRegRoot(key ? key : L"", below);
   if (!root) return kBadPath;
-  while (below.ends_with(L'\\')) below.remove_suffix(1);
   std::wstring name(root->name);
-  if (!below.empty()) name.append(L"\\").append(below);
+  // A "\" at the end and doubled ones do not count when a key is opened, and no line may have them.
+  for (std::size_t at = 0; at < below.size();) {
+    const std::size_t end = std::min(below.find(L'\\', at), below.size());
+    if (end > at) name.append(L"\\").append(below.substr(at, end - at));
+    at = end + 1;
+  }
   Exporter exporter;
   if (const long status = exporter.Write(name, root->key, std::wstring(below).c_str())) return status;
   const std::vector<BYTE> file = exporter.File();
