@@ -47,11 +47,11 @@ class QEL_API IAppFolders {
 
 // The suite's folder in the user's documents, "Qelmar\9.0"; it is made when it is missing. On Linux the documents are
 // the desktop's folder for them, else "Documents" in the user's home, written as the system writes it. "C:\" when the
-// system names no documents folder. Raises qel_exception "GetLogFilePath() Failed" when it names one without a path.
+// system names no documents folder, empty when the path would have more than 259 units. Raises qel_exception "GetLogFilePath() Failed" when it names one without a path.
 QEL_API CString GetPersonalPath();
 
-// The folder "Log" in there, made when it is missing. Found once in a process; raises as GetPersonalPath, and then the
-// next call tries again. Any thread may call it.
+// The folder "Log" in there, made when it is missing. Found once in a process; empty or raising as GetPersonalPath, and
+// then the next call tries again. Any thread may call it.
 QEL_API CString GetLogFilePath();
 // The same into `buffer`, which has room for 260 units; a longer path is cut. False, and nothing done, for null.
 QEL_API bool GetLogFilePath(wchar_t* buffer);

@@ -46,8 +46,8 @@ CString GetPersonalPath() {
   wchar_t path[kPathRoom] = L"";
   // Kept: the message names the other function, because crash reports are grouped by it.
   if (!SHGetPathFromIDListW(documents.list, path)) QEL_RAISE(qel_exception, L"GetLogFilePath() Failed");
-  PathAppendW(path, L"Qelmar");
-  PathAppendW(path, L"9.0");
+  // What is too long becomes empty, to which the rest would be appended: a path of nowhere.
+  if (!PathAppendW(path, L"Qelmar") || !PathAppendW(path, L"9.0")) return {};
   CreateDir(path);
   return path;
 }

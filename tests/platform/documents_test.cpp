@@ -57,6 +57,9 @@ TEST(DocumentsTest, WithoutAHomeTheyAreNowhereAndALongPathIsAnError) {
     unsetenv("XDG_CONFIG_HOME");
     setenv("HOME", ("/" + std::string(250, 'h')).c_str(), 1);
     EXPECT_EQ(RaisedBy([] { GetLogFilePath(); }), L"GetLogFilePath() Failed");
+    setenv("HOME", ("/" + std::string(245, 'h')).c_str(), 1);  // too long with "\\Qelmar" alone
+    EXPECT_EQ(GetLogFilePath(), L"");
+    EXPECT_FALSE(std::ifstream("9.0"));
     const TempFolder home;
     setenv("HOME", home.Path().c_str(), 1);
     EXPECT_EQ(GetLogFilePath(), (home.Path().wstring() + L"/Documents\\Qelmar\\9.0\\Log").c_str());
