@@ -36,7 +36,7 @@ class QEL_API TRegKey {
   TRegKey(const TRegKey&) = delete;
   TRegKey& operator=(const TRegKey&) = delete;
 
-  // The predefined keys, made at the first use by any thread; valid until the process ends. Those of performance and
+  // The predefined keys, made at the first use by any thread; valid until the process destroys its statics. Those of performance and
   // dynamic data have no handle where the system keeps none, and that of class identifiers none without the right to
   // change it.
   static TRegKey& GetClassesRoot();

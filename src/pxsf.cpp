@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <cstring>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -88,11 +87,11 @@ bool StringToStruct(void* data, int size, const wchar_t* text) {
   if (size <= kMaxSize) {
     std::array<unsigned char, kMaxSize> record;
     DecodeDigits(digits, count, record.data());
-    std::memcpy(data, record.data(), count);
+    std::copy_n(record.data(), count, static_cast<unsigned char*>(data));
   } else {
     std::vector<unsigned char> record(count);
     DecodeDigits(digits, count, record.data());
-    std::memcpy(data, record.data(), count);
+    std::copy_n(record.data(), count, static_cast<unsigned char*>(data));
   }
   return true;
 }

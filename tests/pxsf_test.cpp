@@ -39,6 +39,7 @@ TEST(StructCodecTest, TheLargestRecordComesBackAndOneMoreByteEndsTheProcess) {
 }
 
 TEST(StructCodecTest, TextIsReadOrLeavesTheRecordAlone) {
+  EXPECT_TRUE(StringToStruct(nullptr, 0, L"0000"));
   const std::string before = "....";
   const struct {
     const char* name;

@@ -107,6 +107,12 @@ TEST_F(RegKeyTest, WrittenSizesAreKept) {
          return value.Set(REG_BINARY, reinterpret_cast<const unsigned char*>("123456"), 6) + (value = 5);
        },
        "3:\5\0\0\0\0\0"s, 6, L"\5\0\0"},
+      {"nothing over nothing",
+       [&] {
+         return value.Set(REG_BINARY, nullptr, 0) + value.RetrieveOnDemand() +
+                value.Set(REG_BINARY, nullptr, 0);
+       },
+       "3:"s, 0, L""},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.name);

@@ -41,8 +41,8 @@ LONG EndKeyChanges(HKEY key, bool keep);
 // (0xFFFFFFFF: no limit). A change since the last call on the same handle counts too.
 LONG WaitForKeyChange(HKEY key, DWORD milliseconds);
 
-// A file as a whole, of at most `most` bytes. Result: 0 or the code of Windows: 2 no such file, 3 no such folder,
-// 5 no right to it, 112 disk full, 223 too large, others for what else goes wrong.
+// A file as a whole, of at most `most` bytes. Result: 0 or the code of Windows: 2 no such file, 3 no such folder
+// or a null path, 5 no right to it, 112 disk full, 223 too large, others for what else goes wrong.
 LONG ReadWholeFile(const wchar_t* path, std::vector<BYTE>& content, std::size_t most = std::size_t{1} << 28);
 // By way of a new file beside it that takes its place: on failure what was there is as before.
 LONG WriteWholeFile(const wchar_t* path, const BYTE* data, std::size_t size);

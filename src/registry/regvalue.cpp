@@ -84,7 +84,7 @@ long TRegValue::Set(unsigned int type, const unsigned char* data, unsigned int s
   m_DataType = type;
   m_Text.reset();
   if (m_Data && size == m_DataSize) {
-    std::memmove(m_Data.get(), data, size);  // `data` may come from here
+    if (size > 0) std::memmove(m_Data.get(), data, size);  // `data` may come from here
   } else {
     m_DataSize = size;
     m_Data.reset();

@@ -47,6 +47,9 @@ TEST_F(WholeFileTest, FailuresHaveTheCodesOfWindows) {
   fs::create_directory(m_Folder.Path() / "folder");
   EXPECT_EQ(Read("folder"), "5");
   EXPECT_EQ(Write("folder", "x"), 5);
+  std::vector<BYTE> content;
+  EXPECT_EQ(ReadWholeFile(nullptr, content), 3);
+  EXPECT_EQ(WriteWholeFile(nullptr, nullptr, 0), 3);
 }
 
 TEST_F(WholeFileTest, ALinkStaysAndItsFileKeepsItsRights) {

@@ -29,6 +29,9 @@ LONG StatusOf(int error) {
   }
 }
 
+constexpr LONG kNoPath = 3;
+
+// Empty for null.
 std::string NativePath(const wchar_t* path) {
   return Qel::ToUtf8(Qel::ToNativePath(path).View());
 }
@@ -97,6 +100,7 @@ std::string Target(const std::string& path) {
 
 LONG ReadWholeFile(const wchar_t* path, std::vector<BYTE>& content, std::size_t most) {
   const std::string native = NativePath(path);
+  if (native.empty()) return kNoPath;
   const File file(native, O_RDONLY);
   if (!file.IsOpen()) return OpeningStatus(native);
   content.clear();
@@ -114,6 +118,7 @@ LONG ReadWholeFile(const wchar_t* path, std::vector<BYTE>& content, std::size_t 
 
 LONG WriteWholeFile(const wchar_t* path, const BYTE* data, std::size_t size) {
   const std::string native = NativePath(path);
+  if (native.empty()) return kNoPath;
   struct stat found {};
   if (stat(native.c_str(), &found) != 0) return WriteBeside(native, 0, data, size);
   if (access(native.c_str(), W_OK) != 0) return StatusOf(errno);
