@@ -48,6 +48,7 @@
 #include "sys_version.h"
 #include "theme.h"
 #include "tstring.h"
+#include "url.h"
 #include "utf8.h"
 #include "xlist.h"
 

@@ -56,6 +56,7 @@ StoreReport ReportOnStore(bool machine);
 #include <oleauto.h>
 #include <shlobj.h>
 #include <shlwapi.h>
+#include <winhttp.h>
 
 // What the system's own path functions take between folders.
 constexpr wchar_t kPathSeparator = L'\\';
@@ -183,6 +184,39 @@ void CoTaskMemFree(void* memory);
 // above the root. A `more` with a drive or with two "\" in front takes the place of the path. Result: 1; 0 with an
 // empty path when it would be longer than 259 units, and with all unchanged for null.
 BOOL PathAppendW(wchar_t* path, const wchar_t* more);
+
+// URLs. The parts of `url`, of `length` units (0: up to its terminator), as pointers into it. A part is asked for by a
+// null pointer and a length that is not 0, and gets both; the others stay as they are. Flags are 0. Result: 1, or 0
+// with nothing written and the last error:
+//   87     no url, or a record of another size
+//   12005  no "//" behind the scheme, no host, a port that is no number up to 65535, an address whose bracket is
+//          not closed
+//   12006  a scheme other than http and https, or none
+// The host ends at the first "/", "?" or "#"; an address in brackets keeps them. What stands before the first "@" in
+// front of it is the user's and no part of it. Without a number the port is that of the scheme. The path is empty or
+// begins with "/", the extra part with the first "?" or "#". Nothing is decoded, and case stays.
+using INTERNET_SCHEME = int;
+using INTERNET_PORT = WORD;
+constexpr INTERNET_SCHEME INTERNET_SCHEME_HTTP = 1;
+constexpr INTERNET_SCHEME INTERNET_SCHEME_HTTPS = 2;
+struct URL_COMPONENTS {
+  DWORD dwStructSize;
+  wchar_t* lpszScheme;
+  DWORD dwSchemeLength;
+  INTERNET_SCHEME nScheme;
+  wchar_t* lpszHostName;
+  DWORD dwHostNameLength;
+  INTERNET_PORT nPort;
+  wchar_t* lpszUserName;  // never asked for, like the password
+  DWORD dwUserNameLength;
+  wchar_t* lpszPassword;
+  DWORD dwPasswordLength;
+  wchar_t* lpszUrlPath;
+  DWORD dwUrlPathLength;
+  wchar_t* lpszExtraInfo;
+  DWORD dwExtraInfoLength;
+};
+BOOL WinHttpCrackUrl(const wchar_t* url, DWORD length, DWORD flags, URL_COMPONENTS* components);
 
 // Registry. Result: 0 or the code of Windows:
 //   2 no such key or value       5 no right to it, or sub-keys below    6 null, closed or foreign handle
