@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <fstream>
 #include <string>
 
 #include "platform/platform.h"
@@ -62,6 +64,9 @@ TEST_F(WholeFileTest, ALinkStaysAndItsFileKeepsItsRights) {
   EXPECT_TRUE(fs::is_symlink(link));
   EXPECT_EQ(Read("file"), "new");
   EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+  const auto leftOver = (m_Folder.Path() / "file.new-").string() + std::to_string(getpid()) + "-";
+  for (int i = 1; i < 300; ++i) std::ofstream(leftOver + std::to_string(i)) << "left by a killed process";
+  EXPECT_EQ(Write("file", "newer"), 0);
   EXPECT_EQ(WriteWholeFile(L"\\dev\\null", nullptr, 0), 0);
   EXPECT_FALSE(fs::is_regular_file("/dev/null"));
 }

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <cstdlib>
 #include <string>
@@ -75,8 +76,17 @@ LONG WriteAll(const File& file, const BYTE* data, std::size_t size) {
   return 0;
 }
 
+// A name that no other thread takes, and that no killed process of the same number left.
+std::string NameBeside(const std::string& path) {
+  static std::atomic<unsigned> s_Last = 0;
+  std::string name;
+  do name = path + ".new-" + std::to_string(getpid()) + "-" + std::to_string(++s_Last);
+  while (access(name.c_str(), F_OK) == 0);
+  return name;
+}
+
 LONG WriteBeside(const std::string& path, mode_t mode, const BYTE* data, std::size_t size) {
-  const std::string temporary = path + ".new-" + std::to_string(getpid());
+  const std::string temporary = NameBeside(path);
   File file(temporary, O_WRONLY | O_CREAT | O_EXCL, 0666);
   if (!file.IsOpen()) return OpeningStatus(path);
   LONG status = WriteAll(file, data, size);
