@@ -6,7 +6,7 @@
 // This text is stored by users: the layout is fixed.
 //
 // Single settings of the current user, each read or written by one call (TQelReg of regconfig.h, made anew each
-// time; nothing is kept between calls):
+// time; nothing is kept between calls, and any thread may call):
 //
 //   pxWriteProfileInt(L"Window", L"Width", 1024);
 //   pxReadProfileStruct(L"Printer", L"Margins", &margins, sizeof margins);

@@ -5,7 +5,8 @@
 //   if (ImportRegistry(L"C:\\acme.reg", report) == 13) Show(report.line, report.column);
 //
 // The text is the registry's own, "Windows Registry Editor Version 5.00", in UTF-16LE with a signature, as the
-// system's editor reads and writes it. Operations return the registry's status, 0 or the code of what failed.
+// system's editor reads and writes it. Operations return the registry's status, 0 or the code of what failed. Any
+// thread may call them. In paths of files "/" and "\" both separate.
 // Keys are named from their root, in full or short: HKEY_CLASSES_ROOT HKCR, HKEY_CURRENT_USER HKCU,
 // HKEY_LOCAL_MACHINE HKLM, HKEY_USERS HKU, HKEY_CURRENT_CONFIG HKCC.
 #ifndef QEL_REGTOOLS_H
@@ -21,7 +22,7 @@ QEL_API long ExportRegistry(const wchar_t* key, const wchar_t* path);
 
 enum class TRegImportProblem : int {
   None,
-  NotRegistryText,  // not in UTF-16LE with signature, or another first line
+  NotRegistryText,  // not in UTF-16LE with signature, as old files ("REGEDIT4"), or another first line
   BadKey,           // not [root\key] or [-root\key], or a name that no key can have
   ValueWithoutKey,  // before the first key, or behind a key that is deleted
   BadName,          // neither "name"= nor @=
