@@ -47,8 +47,9 @@ LONG ReadWholeFile(const wchar_t* path, std::vector<BYTE>& content, std::size_t 
 LONG WriteWholeFile(const wchar_t* path, const BYTE* data, std::size_t size) {
   if (!path) return ERROR_PATH_NOT_FOUND;
   const std::wstring temporary = std::wstring(path) + L".new-" + std::to_wstring(GetCurrentProcessId());
-  File file(
-      CreateFileW(temporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+  // What a process of that number has left is written over.
+  File file(CreateFileW(temporary.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL,
+                        nullptr));
   if (!file.IsOpen()) return LastStatus();
   DWORD written = 0;
   LONG status = 0;
