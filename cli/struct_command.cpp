@@ -107,6 +107,10 @@ int Decode(const std::string& typed, const Options& options) {
     if (const auto refusal = ReadCount(options.size, wanted)) return Refuse(options.size, *refusal, options);
   }
   std::string bytes(static_cast<std::size_t>(size), '\0');
+  // None was ever written, and its text would be made up almost wholly.
+  if (size > kMaxSize)
+    return Refuse(typed, {"size", 1, Say(Text::RecordTooLarge, {InUserDigits(size), InUserDigits(kMaxSize)})},
+                  options);
   if (!StringToStruct(bytes.data(), options.size.empty() ? size : wanted, text))
     return Refuse(typed, {"size", 1, Say(Text::RecordSize, {InUserDigits(size), InUserDigits(wanted)})},
                   options);

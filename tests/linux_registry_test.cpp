@@ -168,6 +168,23 @@ TEST_P(LinuxRegistryTest, AForkWithinATransactionUndoesIt) {
   EXPECT_EQ(Write(key, L"kept", 4), 0);
 }
 
+// Each copy of a store counts its states from the start.
+TEST_P(LinuxRegistryTest, WaitingEndsWhenACopiedStoreHasChanged) {
+  const std::string file = m_Registry.Place() + "/user.db";
+  for (const char* const next : {"old", "new"}) {
+    Write(HKEY_CURRENT_USER, L"v", *next);
+    ASSERT_EQ(RegFlushKey(HKEY_CURRENT_USER), 0);
+    std::filesystem::copy_file(file, m_Registry.Place() + "/" + next);
+  }
+  Store::Forget();
+  for (const char* const suffix : {"-wal", "-shm"}) std::filesystem::remove(file + suffix);
+  std::filesystem::create_symlink("nowhere", file + "-shm");
+  WaitForKeyChange(HKEY_CURRENT_USER, 0);
+  std::filesystem::rename(m_Registry.Place() + "/old", file);
+  EXPECT_EQ(WaitForKeyChange(HKEY_CURRENT_USER, 0), 0);
+  EXPECT_EQ(Read(HKEY_CURRENT_USER, L"v"), 'o');
+}
+
 TEST_P(LinuxRegistryTest, LargeDataAndManyValuesComeBack) {
   HKEY key = Create(L"Many");
   ASSERT_EQ(BeginKeyChanges(key), 0);
@@ -184,6 +201,10 @@ TEST_P(LinuxRegistryTest, LargeDataAndManyValuesComeBack) {
       RegEnumValueW(key, 1000, name, &chars, nullptr, &type, reinterpret_cast<BYTE*>(back.data()), &size), 0);
   EXPECT_EQ(std::wstring(name), L"large") << "in the order of creation";
   EXPECT_EQ(back, large);
+  ASSERT_EQ(BeginKeyChanges(key), 0);
+  for (int i = 0; i < 1000; i += 3) EXPECT_EQ(RegDeleteValueW(key, std::to_wstring(i).c_str()), 0);
+  ASSERT_EQ(EndKeyChanges(key, true), 0);
+  for (int i = 0; i < 1000; ++i) EXPECT_EQ(Read(key, std::to_wstring(i).c_str()), i % 3 ? i : -2);
 }
 
 TEST_P(LinuxRegistryTest, ReadingMakesNoStore) {

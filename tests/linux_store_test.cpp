@@ -253,6 +253,14 @@ TEST_F(LinuxStoreTest, EveryReadKnowsWhetherSomebodyHasWritten) {
     ASSERT_EQ(store.BeginWrite(), 0);
     EXPECT_FALSE(store.StillAt(seen));
     store.Rollback();
+    // Between an own commit and the look at what it left.
+    const auto next = [](void* process, sqlite3*, const char*, int) {
+      static_cast<const OtherProcess*>(process)->Write('6');
+      return SQLITE_OK;
+    };
+    sqlite3_wal_hook(store.Connection(), next, const_cast<OtherProcess*>(&other));
+    ASSERT_EQ(Put("b", plain ? "1" : "2"), 0);
+    EXPECT_NE(store.State(), store.OwnState());
   }
 }
 
