@@ -79,6 +79,7 @@ class CommandLine {
   void AddHijri();
   void AddColor();
   void AddStruct();
+  void AddUrl();
   void AddSettings();
   void AddCommon(CLI::App& app);
   void AddReading(CLI::App& app);
@@ -110,6 +111,7 @@ CommandLine::CommandLine(Options& options) : m_Options(options), m_App(Say(Text:
   AddHijri();
   AddColor();
   AddStruct();
+  AddUrl();
   AddSettings();
   Add(m_App, "doctor", Text::Doctor, RunDoctor);
   Add(m_App, "error", Text::Error, RunError);
@@ -213,6 +215,15 @@ void CommandLine::AddStruct() {
   Command& decode = Add(*record.app, "decode", Text::StructDecode, RunStructDecode);
   decode.app->add_option("--size", m_Options.size, Say(Text::OptionSize))->type_name("N")->take_last();
   AddOperand(decode, "TEXT", Text::OperandRecord, true);
+}
+
+void CommandLine::AddUrl() {
+  Command& url = Add(m_App, "url", Text::Url, nullptr);
+  AddOperand(Add(*url.app, "split", Text::UrlSplit, RunUrlSplit), "URL", Text::OperandUrls, true);
+  Command& encode = Add(*url.app, "encode", Text::UrlEncode, RunUrlEncode);
+  AddFlag(*encode.app, "--reserved", m_Options.reserved, Text::OptionReserved);
+  AddOperand(encode, "TEXT", Text::OperandTexts, true);
+  AddOperand(Add(*url.app, "decode", Text::UrlDecode, RunUrlDecode), "TEXT", Text::OperandTexts, true);
 }
 
 void CommandLine::AddSettings() {

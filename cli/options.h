@@ -26,6 +26,7 @@ struct Options {
   bool machine = false;
   bool all = false;
   bool once = false;
+  bool reserved = false;
 };
 
 }  // namespace Cli

@@ -4,6 +4,7 @@
 
 #include "digits.h"
 #include "output.h"
+#include "platform/platform.h"
 #include "text.h"
 
 namespace Cli {
@@ -31,6 +32,21 @@ std::optional<Refusal> ReadCount(const std::string& typed, int& count) {
   if (status != std::errc() || stop != end)
     return Refusal{"count", position, Say(Text::NotACount, {InUserDigits(position), InUserDigits(30)})};
   return std::nullopt;
+}
+
+int RunOnEach(const Options& options, int (*run)(const std::string&, const Options&)) {
+  int exit = kDone;
+  const auto one = [&](const std::string& typed) {
+    if (run(typed, options) != kDone) exit = kUnreadable;
+  };
+  for (const std::string& typed : options.operands) {
+    if (typed != "-") {
+      one(typed);
+      continue;
+    }
+    for (std::string line; ReadInputLine(line);) one(line);
+  }
+  return exit;
 }
 
 }  // namespace Cli

@@ -25,6 +25,9 @@ int Refuse(const std::string& input, const Refusal& refusal, const Options& opti
 // A whole number in any digits, with an optional sign.
 std::optional<Refusal> ReadCount(const std::string& typed, int& count);
 
+// Runs over each text that was typed, with "-" over each line of the input. Returns kDone when all did.
+int RunOnEach(const Options& options, int (*run)(const std::string& typed, const Options& options));
+
 }  // namespace Cli
 
 #endif  // QEL_CLI_REFUSAL_H

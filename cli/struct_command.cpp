@@ -6,7 +6,6 @@
 #include "encoding.h"
 #include "exceptions.h"
 #include "output.h"
-#include "platform/platform.h"
 #include "pxsf.h"
 #include "refusal.h"
 #include "string_tools.h"
@@ -125,28 +124,13 @@ int Decode(const std::string& typed, const Options& options) {
   return odd ? Refuse(typed, *odd, options) : kDone;
 }
 
-int ForEach(const Options& options, int (*run)(const std::string&, const Options&)) {
-  int exit = kDone;
-  const auto one = [&](const std::string& typed) {
-    if (run(typed, options) != kDone) exit = kUnreadable;
-  };
-  for (const std::string& typed : options.operands) {
-    if (typed != "-") {
-      one(typed);
-      continue;
-    }
-    for (std::string line; ReadInputLine(line);) one(line);
-  }
-  return exit;
-}
-
 }  // namespace
 
 int RunStructEncode(const Options& options) {
-  return ForEach(options, Encode);
+  return RunOnEach(options, Encode);
 }
 int RunStructDecode(const Options& options) {
-  return ForEach(options, Decode);
+  return RunOnEach(options, Decode);
 }
 
 }  // namespace Cli

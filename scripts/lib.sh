@@ -7,7 +7,7 @@ windows_packages=(g++-mingw-w64-x86-64-posix googletest wine wine64)
 check_packages=(clang clang-format clang-tidy cppcheck libclang-rt-14-dev googletest shellcheck)
 coverage_packages=(gcovr)
 bench_packages=(libbenchmark-dev)
-peer_packages=(qtbase5-dev libmuparser-dev)
+peer_packages=(qtbase5-dev libmuparser-dev libcurl4-openssl-dev liburiparser-dev)
 
 cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit 1
 

@@ -1,6 +1,7 @@
 #include <array>
 #include <cstddef>
-#include <cwchar>
+#include <cstring>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -71,31 +72,55 @@ constexpr bool IsForm(char32_t unit) {
   return unit < kAsciiEnd && unit != 0;
 }
 
-std::size_t EncodedLength(std::wstring_view text, const AsciiForms& forms) {
-  std::size_t length = 0;
-  for (const wchar_t element : text) {
-    const auto unit = static_cast<char32_t>(element);
-    length += IsForm(unit) ? forms[unit].length : unit < kUnitEnd ? 2 * kEscape : 4 * kEscape;
+// Collects what is written in a piece of its own: to make the text grow by each would cost more than they do.
+class Writer {
+ public:
+  static constexpr std::size_t kMost = 4 * kEscape + 1;  // what one step writes
+
+  explicit Writer(std::size_t expected) { m_Text.reserve(expected); }
+
+  wchar_t* Start() { return m_Piece; }
+  // Where to go on, with room for a step, after `out`.
+  wchar_t* Next(wchar_t* out) {
+    if (out <= std::end(m_Piece) - kMost) [[likely]]
+      return out;
+    m_Text.append(m_Piece, out);
+    return m_Piece;
   }
-  return length;
-}
+  std::wstring Finish(wchar_t* out) {
+    m_Text.append(m_Piece, out);
+    return std::move(m_Text);
+  }
 
-int DigitValue(wchar_t unit) {
-  if (unit >= L'0' && unit <= L'9') return unit - L'0';
-  const wchar_t lower = unit | 0x20;
-  return lower >= L'a' && lower <= L'f' ? lower - L'a' + 10 : -1;
-}
+ private:
+  wchar_t m_Piece[512];
+  std::wstring m_Text;
+};
 
-// The byte of "%XX" at the start of `text`, or -1.
-int ByteAt(std::wstring_view text) {
-  if (text.size() < kEscape || text[0] != L'%') return -1;
-  const int high = DigitValue(text[1]);
-  const int low = DigitValue(text[2]);
-  return high < 0 || low < 0 ? -1 : high * 16 + low;
+// The value of a hexadecimal digit in either case, kNoDigit for other ASCII.
+constexpr unsigned kNoDigit = 0x100;
+constexpr auto kDigitValue = [] {
+  std::array<unsigned short, kAsciiEnd> values{};
+  for (unsigned unit = 0; unit < kAsciiEnd; ++unit) {
+    const unsigned lower = unit | 0x20;
+    const bool letter = lower >= L'a' && lower <= L'f';
+    const bool digit = unit >= L'0' && unit <= L'9';
+    values[unit] = static_cast<unsigned short>(letter ? lower - L'a' + 10 : digit ? unit - L'0' : kNoDigit);
+  }
+  return values;
+}();
+
+// The byte of "%XX" at the start of what ends at `end`, or kNoByte and more.
+constexpr unsigned kNoByte = 0x100;
+unsigned ByteAt(const wchar_t* text, const wchar_t* end) {
+  if (end - text < static_cast<std::ptrdiff_t>(kEscape) || text[0] != L'%') return kNoByte;
+  const auto high = static_cast<char32_t>(text[1]);
+  const auto low = static_cast<char32_t>(text[2]);
+  return (high | low) < kAsciiEnd ? kDigitValue[high] * 16u | kDigitValue[low] : kNoByte;
 }
 
 // What two bytes are in UTF-8: 0 for what leaves no room for the terminator in two units.
-wchar_t PairValue(int first, int second) {
+wchar_t PairValue(unsigned first, unsigned second) {
   if (first >= 0xC2 && first < 0xE0 && (second & 0xC0) == 0x80)
     return static_cast<wchar_t>((first & 0x1F) << 6 | (second & 0x3F));
   const char bytes[] = {static_cast<char>(first), static_cast<char>(second), '\0'};
@@ -111,16 +136,19 @@ constexpr auto kStandsAlone = [] {
   return alone;
 }();
 
-// Writes what the start of `text`, a per cent sign, stands for. Returns how much of it that was.
-std::size_t DecodeOne(std::wstring_view text, wchar_t& out) {
-  const int byte = ByteAt(text);
-  out = text[0];
-  if (byte < 0) return 1;
-  const bool alone = kStandsAlone[static_cast<std::size_t>(byte)];
-  const int next = alone ? -1 : ByteAt(text.substr(kEscape));
-  if (!alone && next < 0) return 1;
-  out = alone ? static_cast<wchar_t>(byte) : PairValue(byte, next);
-  return alone ? kEscape : 2 * kEscape;
+// Writes what the per cent sign at `text` stands for. Returns how much of the text that was.
+std::size_t DecodeOne(const wchar_t* text, const wchar_t* end, wchar_t& out) {
+  const unsigned byte = ByteAt(text, end);
+  out = L'%';
+  if (byte >= kNoByte) return 1;
+  if (kStandsAlone[byte]) {
+    out = static_cast<wchar_t>(byte);
+    return kEscape;
+  }
+  const unsigned next = ByteAt(text + kEscape, end);
+  if (next >= kNoByte) return 1;
+  out = PairValue(byte, next);
+  return 2 * kEscape;
 }
 
 }  // namespace
@@ -128,35 +156,32 @@ std::size_t DecodeOne(std::wstring_view text, wchar_t& out) {
 CString CURLEncode::Encode(CString text, int encodeReserved) {
   const AsciiForms& forms = encodeReserved ? kReservedGo : kReservedStay;
   const std::wstring_view units = text.View();
-  const std::size_t length = EncodedLength(units, forms);
-  std::wstring encoded(length + kEscape, L'\0');  // a form is written beyond its own length
-  wchar_t* out = encoded.data();
+  Writer writer(units.size() * 2);
+  wchar_t* out = writer.Start();
   for (const wchar_t element : units) {
     const auto unit = static_cast<char32_t>(element);
+    out = writer.Next(out);
     if (!IsForm(unit)) {
       out = PutPair(out, unit);
       continue;
     }
     const AsciiForms::Form& form = forms[unit];
-    std::wmemcpy(out, form.text, std::size(form.text));
+    std::memcpy(out, form.text, sizeof form.text);
     out += form.length;
   }
-  encoded.resize(length);
-  return encoded;
+  return writer.Finish(out);
 }
 
 CString CURLEncode::Decode(CString text) {
   const std::wstring_view units = text.View();
-  std::size_t at = units.find(L'%');
-  if (at == std::wstring_view::npos) return text;
-  std::wstring decoded(units);
-  std::size_t length = at;
-  while (at < units.size()) {
-    if (units[at] == L'%')
-      at += DecodeOne(units.substr(at), decoded[length++]);
-    else
-      decoded[length++] = units[at++];
+  if (units.find(L'%') == std::wstring_view::npos) return text;
+  Writer writer(units.size());
+  wchar_t* out = writer.Start();
+  const wchar_t* const end = units.data() + units.size();
+  for (const wchar_t* in = units.data(); in < end; out = writer.Next(out)) {
+    const wchar_t unit = *in;
+    in += unit == L'%' ? DecodeOne(in, end, *out) : (*out = unit, 1);
+    ++out;
   }
-  decoded.resize(length);
-  return decoded;
+  return writer.Finish(out);
 }
