@@ -26,7 +26,10 @@ bool ComesFirst(const std::string& a, const std::string& b) {
 // Why a key could not be opened, which the key itself does not tell.
 long WhyNotOpened(HKEY root, const CString& path) {
   const TRegKey whole(root, false, L"");
-  if (!HKEY(whole)) return kBroken;
+  if (!HKEY(whole)) {
+    const long status = DescribeSettingsStore(root == HKEY(TRegKey::GetLocalMachine())).whyNotWritten;
+    return status != 0 ? status : kBroken;
+  }
   unsigned int size = 0;
   const long status = whole.QueryDefValue(path, nullptr, &size);
   return status != 0 ? status : kMissing;

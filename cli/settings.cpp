@@ -55,8 +55,10 @@ int NoSuchSection(const std::string& section, const Options& options) {
   std::vector<std::string> names;
   for (const Section& known : all)
     if (!known.name.empty()) names.push_back(known.name);
-  const std::string text = Say(Text::TwoClauses, {Say(Text::NoSuchSection, {Plain(section)}),
-                                                  Advice(section, names, Text::NothingStored)});
+  const std::string text = section.empty()
+                               ? Say(Text::NothingStored)
+                               : Say(Text::TwoClauses, {Say(Text::NoSuchSection, {Plain(section)}),
+                                                        Advice(section, names, Text::NothingStored)});
   return Absent(section, {"section", 1, text}, options);
 }
 
