@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "platform/linux/registry/store.h"
@@ -122,6 +123,22 @@ TEST_P(LinuxRegistryTest, TheNextReadSeesWhatAnotherProcessWrote) {
   }
   Write(key, L"mine", 1);
   EXPECT_EQ(Read(key, L"mine") + Read(key, L"theirs"), 100);
+}
+
+// After each, the index counts changes from the start again.
+TEST_P(LinuxRegistryTest, TheNextReadSeesWhatCameAfterTheIndexWasLost) {
+  HKEY key = Create(L"Shared");
+  Helper helper([&](int round) {
+    Store::Forget();
+    // As a process leaves it that dies while it writes there.
+    std::fstream(m_Registry.Place() + "/user.db-shm", std::ios::in | std::ios::out | std::ios::binary)
+        << std::string(96, '\0');
+    Write(Create(L"Shared"), L"theirs", round);
+  });
+  for (int round = 1; round < 5; ++round) {
+    helper.Do(round);
+    for (int reads = 0; reads < 3; ++reads) EXPECT_EQ(Read(key, L"theirs"), round);
+  }
 }
 
 TEST_P(LinuxRegistryTest, ChangesOfATransactionAreKeptTogetherOrNotAtAll) {

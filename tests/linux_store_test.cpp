@@ -435,7 +435,9 @@ TEST_F(LinuxStoreTest, ADamagedStoreIsKeptAsideAndItsRowsAreSaved) {
   } rows[] = {
       {"no database", nullptr, 0, 1024, 0, false},
       {"the head overwritten", nullptr, 0, 100, kValues, true},
-      {"another program's", "PRAGMA application_id = 7", 0, 0, kValues, true},
+      {"another program's, with a value of no key",
+       "PRAGMA application_id = 7; INSERT INTO value VALUES(999, 99, 'x', X'00', 1, X'')", 0, 0, kValues,
+       true},
       {"a table missing", "DROP TABLE event", 0, 0, kValues, true},
       {"pages in the middle", nullptr, 20 * 1024, 6 * 1024, kValues / 2, false},
       {"cut to a half", nullptr, 30 * 1024, 0, kValues / 3, false},
