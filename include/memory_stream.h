@@ -69,6 +69,7 @@ class QEL_API TMemoryStream {
   void SetPointer(void* memory, int size);
 
  private:
+  void TakeContent(const TMemoryStream& other);
   void Provide(long long capacity);
   void Reserve(long long capacity);
   void Resize(long long capacity);

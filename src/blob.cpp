@@ -29,6 +29,10 @@ constexpr bool IsSize(long long bytes) {
   return bytes >= 0 && bytes <= INT_MAX;
 }
 
+constexpr long long Rounded(long long bytes) {
+  return (bytes + kStep - 1) / kStep * kStep;
+}
+
 std::size_t Unsigned(long long bytes) {
   return static_cast<std::size_t>(bytes);
 }
@@ -40,16 +44,21 @@ int Stopped(long long position) {
 }  // namespace
 
 TMemoryStream::TMemoryStream(const TMemoryStream& other) {
-  *this = other;
+  if (other.m_Size > 0) Reserve(Rounded(other.m_Size));
+  TakeContent(other);
 }
 
 TMemoryStream& TMemoryStream::operator=(const TMemoryStream& other) {
   if (this == &other) return *this;
   if (other.m_Size > m_Capacity) SetCapacity(other.m_Size);
+  TakeContent(other);
+  return *this;
+}
+
+void TMemoryStream::TakeContent(const TMemoryStream& other) {
   if (other.m_Size > 0) std::memcpy(m_Memory, other.m_Memory, Unsigned(other.m_Size));
   m_Size = other.m_Size;
   m_Position = other.m_Position;
-  return *this;
 }
 
 // Releases nothing through Realloc: a subclass that has its own is gone already.
@@ -61,7 +70,7 @@ TMemoryStream::~TMemoryStream() {
 
 void* TMemoryStream::Realloc(int& newCapacity) {
   const bool rounded = newCapacity > 0 && newCapacity != m_Size;
-  const long long capacity = rounded ? (newCapacity + kStep - 1) / kStep * kStep : newCapacity;
+  const long long capacity = rounded ? Rounded(newCapacity) : newCapacity;
   if (capacity == 0 && m_Capacity != 0) return Release();
   if (capacity != m_Capacity) Provide(capacity);
   newCapacity = static_cast<int>(capacity);

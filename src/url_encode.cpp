@@ -153,6 +153,7 @@ std::size_t DecodeOne(const wchar_t* text, const wchar_t* end, wchar_t& out) {
 
 }  // namespace
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): hosts know it so
 CString CURLEncode::Encode(CString text, int encodeReserved) {
   const AsciiForms& forms = encodeReserved ? kReservedGo : kReservedStay;
   const std::wstring_view units = text.View();
@@ -172,6 +173,7 @@ CString CURLEncode::Encode(CString text, int encodeReserved) {
   return writer.Finish(out);
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): hosts know it so
 CString CURLEncode::Decode(CString text) {
   const std::wstring_view units = text.View();
   if (units.find(L'%') == std::wstring_view::npos) return text;

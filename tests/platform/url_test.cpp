@@ -19,15 +19,24 @@ URL_COMPONENTS AskForParts() {
 
 std::string Answer(const std::wstring& url) {
   URL_COMPONENTS parts = AskForParts();
-  const auto part = [](const wchar_t* text, DWORD length) {
-    return " " + Spelled(std::wstring_view(text, length));
+  std::string answer;
+  const auto add = [&answer](const std::string& field) {
+    answer.append(answer.empty() ? "" : " ").append(field);
   };
-  if (!WinHttpCrackUrl(url.c_str(), static_cast<DWORD>(url.size()), 0, &parts))
-    return "0 " + std::to_string(GetLastError());
+  const auto addPart = [&](const wchar_t* text, DWORD length) {
+    add(Spelled(std::wstring_view(text, length)));
+  };
+  const BOOL result = WinHttpCrackUrl(url.c_str(), static_cast<DWORD>(url.size()), 0, &parts);
+  add(std::to_string(result));
+  add(std::to_string(result ? static_cast<DWORD>(parts.nScheme) : GetLastError()));
+  if (!result) return answer;
   EXPECT_EQ(parts.lpszUserName, nullptr);
-  return "1 " + std::to_string(parts.nScheme) + " " + std::to_string(parts.nPort) +
-         part(parts.lpszScheme, parts.dwSchemeLength) + part(parts.lpszHostName, parts.dwHostNameLength) +
-         part(parts.lpszUrlPath, parts.dwUrlPathLength) + part(parts.lpszExtraInfo, parts.dwExtraInfoLength);
+  add(std::to_string(parts.nPort));
+  addPart(parts.lpszScheme, parts.dwSchemeLength);
+  addPart(parts.lpszHostName, parts.dwHostNameLength);
+  addPart(parts.lpszUrlPath, parts.dwUrlPathLength);
+  addPart(parts.lpszExtraInfo, parts.dwExtraInfoLength);
+  return answer;
 }
 
 }  // namespace
