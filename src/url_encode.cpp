@@ -77,6 +77,7 @@ class Writer {
  public:
   static constexpr std::size_t kMost = 4 * kEscape + 1;  // what one step writes
 
+  // cppcheck-suppress uninitMemberVar ; the piece is written before it is read
   explicit Writer(std::size_t expected) { m_Text.reserve(expected); }
 
   wchar_t* Start() { return m_Piece; }
@@ -99,7 +100,7 @@ class Writer {
 
 // The value of a hexadecimal digit in either case, kNoDigit for other ASCII.
 constexpr unsigned kNoDigit = 0x100;
-constexpr auto kDigitValue = [] {
+constexpr std::array<unsigned short, kAsciiEnd> DigitValues() {
   std::array<unsigned short, kAsciiEnd> values{};
   for (unsigned unit = 0; unit < kAsciiEnd; ++unit) {
     const unsigned lower = unit | 0x20;
@@ -108,7 +109,8 @@ constexpr auto kDigitValue = [] {
     values[unit] = static_cast<unsigned short>(letter ? lower - L'a' + 10 : digit ? unit - L'0' : kNoDigit);
   }
   return values;
-}();
+}
+constexpr auto kDigitValue = DigitValues();
 
 // The byte of "%XX" at the start of what ends at `end`, or kNoByte and more.
 constexpr unsigned kNoByte = 0x100;
@@ -129,12 +131,13 @@ wchar_t PairValue(unsigned first, unsigned second) {
 }
 
 // The bytes that stand for themselves: control characters, but for the last one, and the two sets.
-constexpr auto kStandsAlone = [] {
+constexpr std::array<bool, 256> StandAlone() {
   std::array<bool, 256> alone{};
   for (unsigned byte = 0; byte < alone.size(); ++byte)
     alone[byte] = byte < 31 || byte == kDelete || Contains(kUnsafe, byte) || Contains(kReserved, byte);
   return alone;
-}();
+}
+constexpr auto kStandsAlone = StandAlone();
 
 // Writes what the per cent sign at `text` stands for. Returns how much of the text that was.
 std::size_t DecodeOne(const wchar_t* text, const wchar_t* end, wchar_t& out) {
