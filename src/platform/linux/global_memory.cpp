@@ -1,3 +1,4 @@
+#include <cstdint>
 #include <cstdlib>
 #include <new>
 
@@ -27,6 +28,7 @@ HGLOBAL NoMemory() {
 }  // namespace
 
 HGLOBAL GlobalAlloc(UINT flags, std::size_t bytes) {
+  if (bytes > PTRDIFF_MAX) return NoMemory();  // what looks for memory errors takes it for one
   void* memory = nullptr;
   if (bytes > 0) memory = flags & GMEM_ZEROINIT ? std::calloc(1, bytes) : std::malloc(bytes);
   Block* const block = memory || bytes == 0 ? new (std::nothrow) Block{memory, bytes, 0} : nullptr;
@@ -36,6 +38,7 @@ HGLOBAL GlobalAlloc(UINT flags, std::size_t bytes) {
 }
 
 HGLOBAL GlobalReAlloc(HGLOBAL handle, std::size_t bytes, UINT) {
+  if (bytes > PTRDIFF_MAX) return NoMemory();
   Block* const block = BlockOf(handle);
   void* memory = nullptr;
   if (bytes == 0)
