@@ -23,9 +23,17 @@ StoreFileLock::~StoreFileLock() {
 
 LONG StoreFileLock::Take(const std::string& file) {
   m_Handle = open((file + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
-  if (m_Handle < 0) return StatusOfError(errno);
+  return m_Handle < 0 ? StatusOfError(errno) : Wait(LOCK_EX);
+}
+
+void StoreFileLock::Share(const std::string& file) {
+  m_Handle = open((file + ".lock").c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
+  if (m_Handle >= 0) Wait(LOCK_SH);
+}
+
+LONG StoreFileLock::Wait(int kind) {
   for (int i = 0; i < kPauses; ++i) {
-    if (flock(m_Handle, LOCK_EX | LOCK_NB) == 0) return 0;
+    if (flock(m_Handle, kind | LOCK_NB) == 0) return 0;
     if (errno != EWOULDBLOCK && errno != EINTR) return StatusOfError(errno);
     nanosleep(&kPause, nullptr);
   }

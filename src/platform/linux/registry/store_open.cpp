@@ -8,6 +8,7 @@
 #include "store.h"
 #include "store_copy.h"
 #include "store_create.h"
+#include "store_file_lock.h"
 #include "store_schema.h"
 #include "store_status.h"
 
@@ -147,6 +148,8 @@ std::string FindFault(sqlite3* database) {
 }
 
 OpenedStore OpenStore(const std::string& file, StorePlace place) {
+  StoreFileLock lock;
+  lock.Share(file);
   const StoreMark mark = MarkOf(file);
   if (StoreIsMissing(file)) return OpenEmpty(mark, place);
   OpenedStore opened = OpenShared(file, place);
