@@ -1,6 +1,3 @@
-#include <pwd.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdlib>
 #include <cwchar>
@@ -10,6 +7,7 @@
 #include <vector>
 
 #include "code_page.h"
+#include "platform/linux/user_folders.h"
 #include "platform/platform.h"
 
 namespace {
@@ -17,25 +15,6 @@ namespace {
 constexpr std::size_t kPathRoom = 260;  // units, terminator included
 constexpr HRESULT kInvalidArgument = static_cast<HRESULT>(0x80070057);
 constexpr HRESULT kNoSuchFolder = static_cast<HRESULT>(0x80070003);
-
-// The variable when it is an absolute path, else nothing: others do not count for the desktop either.
-std::string AbsoluteFrom(const char* variable) {
-  const char* const value = std::getenv(variable);
-  return value && *value == '/' ? value : "";
-}
-
-std::string HomeOfAccount() {
-  passwd entry{};
-  passwd* found = nullptr;
-  std::vector<char> texts(16384);
-  getpwuid_r(getuid(), &entry, texts.data(), texts.size(), &found);
-  return found && found->pw_dir && *found->pw_dir == '/' ? found->pw_dir : "";
-}
-
-std::string HomeFolder() {
-  const std::string home = AbsoluteFrom("HOME");
-  return home.empty() ? HomeOfAccount() : home;
-}
 
 // The text between the quotes at the start of `quoted`, where "\" stands before a character taken as it is.
 std::string Unquoted(std::string_view quoted) {
@@ -51,9 +30,7 @@ std::string Unquoted(std::string_view quoted) {
 // counts. Empty when it names no folder.
 std::string DocumentsOfDesktop(const std::string& home) {
   constexpr std::string_view kName = "XDG_DOCUMENTS_DIR=", kHome = "\"$HOME/";
-  std::string config = AbsoluteFrom("XDG_CONFIG_HOME");
-  if (config.empty()) config = home + "/.config";
-  std::ifstream file(config + "/user-dirs.dirs");
+  std::ifstream file(ConfigFolder() + "/user-dirs.dirs");
   std::string folder;
   for (std::string line; std::getline(file, line);) {
     std::string_view value(line);

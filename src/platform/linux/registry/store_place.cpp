@@ -1,39 +1,20 @@
 #include "store_place.h"
 
 #include <fcntl.h>
-#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
-#include <cstdlib>
 
+#include "platform/linux/user_folders.h"
 #include "store_status.h"
 
 namespace {
 
-// Not asked of the surroundings when the program has rights that its caller has not.
-std::string FolderFrom(const char* variable) {
-  const char* const folder = secure_getenv(variable);
-  return folder && *folder == '/' ? folder : "";
-}
-
-std::string HomeFolder() {
-  if (std::string home = FolderFrom("HOME"); !home.empty()) return home;
-  std::array<char, 4096> room;
-  passwd entry{};
-  passwd* found = nullptr;
-  getpwuid_r(geteuid(), &entry, room.data(), room.size(), &found);
-  return found && found->pw_dir && *found->pw_dir == '/' ? found->pw_dir : "";
-}
-
 std::string UserFolder() {
-  if (const std::string folder = FolderFrom("XDG_CONFIG_HOME"); !folder.empty())
-    return folder + "/qelcoretypes";
-  const std::string home = HomeFolder();
-  return home.empty() ? "" : home + "/.config/qelcoretypes";
+  const std::string folder = ConfigFolder();
+  return folder.empty() ? "" : folder + "/qelcoretypes";
 }
 
 std::string StoreFolder(StorePlace place) {
