@@ -3,6 +3,7 @@
 #include <string>
 
 #include "platform/linux/string_blocks.h"
+#include "platform/linux/utf16.h"
 
 namespace {
 
@@ -45,11 +46,8 @@ unsigned Distance(LANGID have, LANGID asked) {
 // UTF-16: a literal may hold an element above U+FFFF, which is two units.
 std::wstring Units(const wchar_t* text) {
   std::wstring units;
-  for (; text && *text; ++text) {
-    const auto ch = static_cast<char32_t>(*text);
-    if (ch > 0xFFFF) units += static_cast<wchar_t>(0xD7C0 + (ch >> 10));
-    units += static_cast<wchar_t>(ch > 0xFFFF ? 0xDC00 + (ch & 0x3FF) : ch);
-  }
+  const auto append = [&units](char16_t unit) { units += static_cast<wchar_t>(unit); };
+  for (; text && *text; ++text) PutUnitsOf(static_cast<char32_t>(*text), append);
   return units;
 }
 

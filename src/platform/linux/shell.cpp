@@ -4,7 +4,6 @@
 #include <fstream>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "code_page.h"
 #include "platform/linux/user_folders.h"

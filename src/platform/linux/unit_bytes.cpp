@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "platform/linux/utf16.h"
 #include "platform/platform.h"
 
 std::size_t UnitsFromBytes(wchar_t* out, std::size_t max, const BYTE* data, DWORD bytes) {
@@ -11,15 +12,12 @@ std::size_t UnitsFromBytes(wchar_t* out, std::size_t max, const BYTE* data, DWOR
 
 DWORD BytesFromUnits(BYTE* out, DWORD bytes, const wchar_t* text, std::size_t units) {
   DWORD written = 0;
-  const auto append = [&](char32_t unit) {
+  const auto append = [&](char16_t unit) {
     if (written < bytes) out[written++] = static_cast<BYTE>(unit & 0xFF);
     if (written < bytes) out[written++] = static_cast<BYTE>(unit >> 8 & 0xFF);
   };
-  for (std::size_t i = 0; i < units && written < bytes; ++i) {
-    const auto ch = static_cast<char32_t>(text[i]);
-    // An element above U+FFFF, as a literal may hold, is two units.
-    if (ch > 0xFFFF) append(0xD7C0 + (ch >> 10));
-    append(ch > 0xFFFF ? 0xDC00 + (ch & 0x3FF) : ch);
-  }
+  // An element above U+FFFF, as a literal may hold, is two units.
+  for (std::size_t i = 0; i < units && written < bytes; ++i)
+    PutUnitsOf(static_cast<char32_t>(text[i]), append);
   return written;
 }

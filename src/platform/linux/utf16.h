@@ -23,4 +23,11 @@ constexpr char32_t NextCharacter(std::wstring_view text, std::size_t& at) {
   return 0x10000 + ((unit & 0x3FF) << 10) + (next & 0x3FF);
 }
 
+// Hands `put` the one or two units of a character, each as a number.
+template <class Put>
+constexpr void PutUnitsOf(char32_t ch, Put&& put) {
+  if (ch > 0xFFFF) put(static_cast<char16_t>(0xD7C0 + (ch >> 10)));
+  put(static_cast<char16_t>(ch > 0xFFFF ? 0xDC00 + (ch & 0x3FF) : ch));
+}
+
 #endif  // QEL_PLATFORM_LINUX_UTF16_H

@@ -72,11 +72,7 @@ FoldedName::FoldedName(std::wstring_view name) {
     out[m_Size++] = static_cast<char>(upper >> 8);
     out[m_Size++] = static_cast<char>(upper & 0xFF);
   };
-  for (const wchar_t element : name) {
-    const auto ch = static_cast<char32_t>(element);
-    if (ch > 0xFFFF) append(static_cast<char16_t>(0xD7C0 + (ch >> 10)));
-    append(static_cast<char16_t>(ch > 0xFFFF ? 0xDC00 + (ch & 0x3FF) : ch));
-  }
+  for (const wchar_t element : name) PutUnitsOf(static_cast<char32_t>(element), append);
 }
 
 std::uint64_t HashOfFolded(std::string_view bytes) {
@@ -107,8 +103,7 @@ std::u16string NameFromStore(std::string_view stored, std::size_t limit) {
   for (std::size_t at = 0; at < stored.size() && name.size() < limit;) {
     const char32_t ch = NextStored(stored, at);
     if (ch == 0) break;
-    if (ch > 0xFFFF) name += static_cast<char16_t>(0xD7C0 + (ch >> 10));
-    name += static_cast<char16_t>(ch > 0xFFFF ? 0xDC00 + (ch & 0x3FF) : ch);
+    PutUnitsOf(ch, [&name](char16_t unit) { name += unit; });
   }
   name.resize(std::min(name.size(), limit));
   return name;
