@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <limits>
 
-#include "status.h"
-
 namespace {
 
 // In the order of Rows::Query.

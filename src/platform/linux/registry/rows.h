@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "status.h"
 #include "store.h"
 
 struct KeyCounts {
@@ -135,7 +136,7 @@ LONG Rows::ReadValue(std::int64_t key, std::string_view folded, Take take) {
   const LONG status = Run(statement, rows, [&](sqlite3_stmt* row) {
     take(static_cast<DWORD>(sqlite3_column_int64(row, 0)), BytesOfColumn(row, 1));
   });
-  return status == 0 && rows == 0 ? 2 : status;
+  return status == 0 && rows == 0 ? kNotFound : status;
 }
 
 template <class Take>

@@ -12,7 +12,7 @@
 #include "store_file_lock.h"
 #include "store_open.h"
 #include "store_salvage.h"
-#include "store_text.h"
+#include "utf8.h"
 
 namespace {
 
@@ -77,5 +77,5 @@ LONG RepairStore(const std::string& file, StorePlace place, std::string& account
 void TellOfRepair(const std::string& account) {
   std::fprintf(stderr, "%s\n", account.c_str());
   if (IAppContext::IsValidAppContext())
-    IAppContext::GetAppContext()->GetSysError()->SetLastError(WideFromUtf8(account).c_str());
+    IAppContext::GetAppContext()->GetSysError()->SetLastError(Qel::FromUtf8(account).GetString());
 }

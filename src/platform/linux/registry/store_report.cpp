@@ -10,13 +10,17 @@
 #include "store_create.h"
 #include "store_open.h"
 #include "store_status.h"
-#include "store_text.h"
+#include "utf8.h"
 
 namespace {
 
+std::wstring Wide(std::string_view text) {
+  return std::wstring(Qel::FromUtf8(text).View());
+}
+
 std::wstring Column(sqlite3_stmt* row, int column) {
   const auto* const text = reinterpret_cast<const char*>(sqlite3_column_text(row, column));
-  return text ? WideFromUtf8({text, static_cast<std::size_t>(sqlite3_column_bytes(row, column))}) : L"";
+  return text ? Wide({text, static_cast<std::size_t>(sqlite3_column_bytes(row, column))}) : L"";
 }
 
 // Whether the store could be made: asked of the nearest folder that is there.
@@ -50,7 +54,7 @@ void Describe(OpenedStore& opened, StoreReport& report) {
       opened.access == StoreAccess::Copy ? StoreReport::Access::Copy : StoreReport::Access::Shared;
   report.version = static_cast<int>(version);
   const std::string fault = FindFault(opened.connection.get());
-  report.integrity = fault.empty() ? L"ok" : WideFromUtf8(fault);
+  report.integrity = fault.empty() ? L"ok" : Wide(fault);
   report.events = Events(opened.connection.get());
   report.whyNotWritten = opened.whyNotWritten;
 }
@@ -61,13 +65,13 @@ StoreReport ReportOnStore(bool machine) {
   const StorePlace place = machine ? StorePlace::Machine : StorePlace::User;
   const std::string file = StoreFile(place);
   StoreReport report;
-  report.path = WideFromUtf8(file);
+  report.path = Wide(file);
   // A fork must not take the connection along either.
   const std::lock_guard lock(StoreLock());
   OpenedStore opened = OpenStore(file, place);
   if (!opened.connection) {
     report.access = StoreReport::Access::Unreadable;
-    report.integrity = WideFromUtf8(sqlite3_errstr(opened.code));
+    report.integrity = Wide(sqlite3_errstr(opened.code));
     report.whyNotWritten = IsDamage(opened.code) ? opened.whyNotWritten : WhyNotRead(file, opened.code);
   } else if (opened.access == StoreAccess::Missing) {
     report.integrity = L"ok";
