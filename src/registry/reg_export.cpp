@@ -1,12 +1,12 @@
 #include <algorithm>
 #include <memory>
 
+#include "registry/name_limits.h"
 #include "registry/reg_text.h"
 
 namespace {
 
 constexpr long kNotFound = 2, kBadPath = 161, kMoreData = 234, kNoMoreItems = 259, kKeyDeleted = 1018;
-constexpr DWORD kKeyNameRoom = 261, kValueNameRoom = 16384;
 constexpr std::size_t kLineLength = 76;  // then a line of bytes is broken behind its comma
 
 // Whether nothing is left to write, be it that others deleted it meanwhile.

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "registry/name_limits.h"
 #include "registry/reg_text.h"
 #include "registry/text_scan.h"
 
@@ -7,8 +8,6 @@ namespace {
 
 using Problem = TRegImportProblem;
 using Kind = RegChange::Kind;
-
-constexpr std::size_t kLongestKeyName = 255, kLongestValueName = 16383;
 
 const RegRoot kRoots[] = {
     {HKEY_CLASSES_ROOT, L"HKEY_CLASSES_ROOT", L"HKCR"},

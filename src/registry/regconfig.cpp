@@ -6,14 +6,13 @@
 
 #include "exceptions.h"
 #include "platform/platform.h"
+#include "registry/name_limits.h"
 #include "registry/name_list.h"
 #include "registry/utf16_text.h"
 #include "regkey.h"
+#include "settings_store.h"
 
 namespace {
-
-constexpr DWORD kKeyNameRoom = 261;
-constexpr unsigned int kValueNameRoom = 16384;
 
 // "file\section". Settings are read one by one in tight loops, so common lengths take no memory of their own.
 class SectionPath {
@@ -165,8 +164,7 @@ bool TRegConfigFile::WriteInteger(const wchar_t* section, const wchar_t* entry, 
 }
 
 TQelReg::TQelReg(bool machine)
-    : TRegConfigFile(machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER, L"Software\\qelmarsoft\\Qelmar\\9.0") {
-}
+    : TRegConfigFile(machine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER, kSettingsKey) {}
 
 unsigned int TQelReg::ReadData2(const wchar_t* section, const wchar_t* entry, void* data,
                                 unsigned int size) const {

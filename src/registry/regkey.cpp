@@ -3,12 +3,10 @@
 #include <vector>
 
 #include "platform/platform.h"
+#include "registry/name_limits.h"
 #include "strnewdup.h"
 
 namespace {
-
-// Names of keys have at most 255 units; the system's own function wants one more than its documents say.
-constexpr DWORD kKeyNameRoom = 261;
 
 constexpr long kInsufficientBuffer = 122;
 constexpr long kInvalidParameter = 87;
