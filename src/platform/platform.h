@@ -6,6 +6,7 @@
 #define QEL_PLATFORM_PLATFORM_H
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -46,6 +47,10 @@ LONG WaitForKeyChange(HKEY key, DWORD milliseconds);
 LONG ReadWholeFile(const wchar_t* path, std::vector<BYTE>& content, std::size_t most = std::size_t{1} << 28);
 // By way of a new file beside it that takes its place: on failure what was there is as before.
 LONG WriteWholeFile(const wchar_t* path, const BYTE* data, std::size_t size);
+
+// Which authorities a session trusts instead of the system's: the certificates in this file (PEM). 0 or the code of
+// Windows: 2, 3, 5 the file cannot be read, 12175 it holds no certificate. It counts for requests opened afterwards.
+DWORD TrustAuthorities(void* session, const wchar_t* path);
 
 // How the place stands where the current user's settings are kept, or those that all users of the machine share. To
 // ask makes and repairs nothing.
@@ -169,6 +174,48 @@ DWORD GetFileAttributesW(const wchar_t* path);
 // Makes one folder; `security` is always null. Result: 1, or 0 on failure.
 BOOL CreateDirectoryW(const wchar_t* path, const void* security);
 
+// Open files. Between users of the library one file is shared as the system shares it: readers that let others read
+// may be together, everybody else is alone (32). A failure leaves its code as the last error; besides those above: 2 or
+// 3 the file or its folder is not there, 5 a folder, no right, or the handle was not opened for this, 6 no open
+// handle, 32 somebody has it open, 80 CREATE_NEW of what is there, 87 no disposition, 131 before the start.
+// CREATE_ALWAYS and OPEN_ALWAYS of what is there succeed and leave 183; success otherwise leaves 0. Handles are never
+// given twice.
+#define INVALID_HANDLE_VALUE (reinterpret_cast<HANDLE>(std::intptr_t{-1}))
+constexpr DWORD GENERIC_READ = 0x80000000;
+constexpr DWORD GENERIC_WRITE = 0x40000000;
+constexpr DWORD FILE_SHARE_READ = 1;
+constexpr DWORD FILE_SHARE_WRITE = 2;
+constexpr DWORD CREATE_NEW = 1;
+constexpr DWORD CREATE_ALWAYS = 2;
+constexpr DWORD OPEN_EXISTING = 3;
+constexpr DWORD OPEN_ALWAYS = 4;
+// Result: the handle, or INVALID_HANDLE_VALUE. `flags` is FILE_ATTRIBUTE_NORMAL, `security` and `like` are null. A
+// refused open leaves the content alone.
+HANDLE CreateFileW(const wchar_t* path, DWORD access, DWORD share, const void* security, DWORD disposition,
+                   DWORD flags, HANDLE like);
+// At the handle's position, which moves on. At the end of the file 0 bytes are read, with success. `overlapped` is
+// null. Result: 1, or 0 with *read or *written 0.
+BOOL ReadFile(HANDLE file, void* buffer, DWORD size, DWORD* read, void* overlapped);
+BOOL WriteFile(HANDLE file, const void* data, DWORD size, DWORD* written, void* overlapped);
+// Origin 0 the start, 1 the position, 2 the end. The new position goes to *position unless that is null. It may lie
+// behind the end.
+union LARGE_INTEGER {
+  std::int64_t QuadPart;
+};
+BOOL SetFilePointerEx(HANDLE file, LARGE_INTEGER distance, LARGE_INTEGER* position, DWORD origin);
+struct BY_HANDLE_FILE_INFORMATION {
+  DWORD dwFileAttributes;
+  DWORD nFileSizeHigh, nFileSizeLow;
+};
+BOOL GetFileInformationByHandle(HANDLE file, BY_HANDLE_FILE_INFORMATION* information);
+// A second handle on the same open file: one position, one share of it, open until both are closed. Both processes
+// are GetCurrentProcess(), access and inherit are 0, options are DUPLICATE_SAME_ACCESS.
+constexpr DWORD DUPLICATE_SAME_ACCESS = 2;
+HANDLE GetCurrentProcess();
+BOOL DuplicateHandle(HANDLE fromProcess, HANDLE file, HANDLE toProcess, HANDLE* copy, DWORD access,
+                     BOOL inherit, DWORD options);
+BOOL CloseHandle(HANDLE file);
+
 // The shell. A folder by its number, as a list for CoTaskMemFree. Known is 5 alone, the user's documents: the
 // desktop's choice for them ($XDG_CONFIG_HOME/user-dirs.dirs), else "Documents" in the user's home, be it there or
 // not. Result: 0; below it when the user has no home, and for other numbers (0x80070057), *list being null.
@@ -217,6 +264,55 @@ struct URL_COMPONENTS {
   DWORD dwExtraInfoLength;
 };
 BOOL WinHttpCrackUrl(const wchar_t* url, DWORD length, DWORD flags, URL_COMPONENTS* components);
+
+// HTTP. Handles are ids that are never given twice; null is failure, with the last error, and 6 answers what is no
+// handle, 12018 a handle of another kind, 12019 a call out of its order. Codes of the rest: 12002 a time-out, 12005 a
+// bad address, 12007 no such host, 12017 closed by another thread meanwhile, 12029 no connection, 12030 the
+// connection broke, 12032 a body that would have to be sent again, 12152 no HTTP, 12156 too many redirections, 12175
+// the certificate or TLS.
+// A handle belongs to one thread at a time, but any thread may close it: a call under way then fails with 12017.
+using HINTERNET = void*;
+constexpr DWORD WINHTTP_ACCESS_TYPE_DEFAULT_PROXY = 0;
+constexpr DWORD WINHTTP_FLAG_SECURE = 0x00800000;
+constexpr DWORD WINHTTP_ADDREQ_FLAG_ADD = 0x20000000;
+constexpr DWORD WINHTTP_AUTH_TARGET_SERVER = 0;
+constexpr DWORD WINHTTP_AUTH_SCHEME_BASIC = 1;
+constexpr DWORD WINHTTP_QUERY_STATUS_CODE = 19;
+constexpr DWORD WINHTTP_QUERY_RAW_HEADERS_CRLF = 22;
+constexpr DWORD WINHTTP_QUERY_CONTENT_LENGTH = 5;
+constexpr DWORD WINHTTP_QUERY_FLAG_NUMBER = 0x20000000;
+// A session holds cookies, time-outs and connections kept open. No proxy name, no bypass list, flags 0.
+HINTERNET WinHttpOpen(const wchar_t* agent, DWORD accessType, const wchar_t* proxy, const wchar_t* bypass,
+                      DWORD flags);
+// Names the server; nothing is sent.
+HINTERNET WinHttpConnect(HINTERNET session, const wchar_t* host, INTERNET_PORT port, DWORD reserved);
+// `version`, `referrer` and `acceptTypes` are null; flags are 0 or WINHTTP_FLAG_SECURE. Blanks, controls and
+// characters beyond ASCII of the path are sent as UTF-8 in percent signs.
+HINTERNET WinHttpOpenRequest(HINTERNET connection, const wchar_t* verb, const wchar_t* path,
+                             const wchar_t* version, const wchar_t* referrer, const wchar_t** acceptTypes,
+                             DWORD flags);
+// Lines with CR LF between them; a length of 0xFFFFFFFF means up to the terminator. 12153: a line without a colon.
+BOOL WinHttpAddRequestHeaders(HINTERNET request, const wchar_t* headers, DWORD length, DWORD modifiers);
+// 87: a scheme that is not known.
+BOOL WinHttpSetCredentials(HINTERNET request, DWORD target, DWORD scheme, const wchar_t* user,
+                           const wchar_t* password, void* parameters);
+// Milliseconds, 0 for no limit, of a session or a request: to find the host, to connect, to send and to receive one
+// piece. 0, 60000, 30000 and 30000 at first.
+BOOL WinHttpSetTimeouts(HINTERNET handle, int resolve, int connect, int send, int receive);
+// Sends the head; `totalLength` bytes of body follow by WinHttpWriteData. No more headers, no data, context 0.
+BOOL WinHttpSendRequest(HINTERNET request, const wchar_t* headers, DWORD headersLength, void* data,
+                        DWORD dataLength, DWORD totalLength, std::uintptr_t context);
+BOOL WinHttpWriteData(HINTERNET request, const void* data, DWORD size, DWORD* written);
+// Returns when the head of the final answer is here.
+BOOL WinHttpReceiveResponse(HINTERNET request, void* reserved);
+// The status or the length as a number (DWORD), or the head as it came, ended by an empty line. Sizes are bytes at two
+// a unit on every system; 122 with the need, terminator included, when *size is too small; 12150: no such header.
+BOOL WinHttpQueryHeaders(HINTERNET request, DWORD what, const wchar_t* name, void* buffer, DWORD* size,
+                         DWORD* index);
+// Waits until bytes of the body are here, and says how many; 0 at its end.
+BOOL WinHttpQueryDataAvailable(HINTERNET request, DWORD* available);
+BOOL WinHttpReadData(HINTERNET request, void* buffer, DWORD size, DWORD* read);
+BOOL WinHttpCloseHandle(HINTERNET handle);
 
 // Registry. Result: 0 or the code of Windows:
 //   2 no such key or value       5 no right to it, or sub-keys below    6 null, closed or foreign handle
