@@ -2,8 +2,8 @@
 # shellcheck shell=bash disable=SC2034  # the lists are used by the scripts that source this
 
 build_packages=(cmake ninja-build g++ libboost-dev libboost-stacktrace-dev libicu-dev libsqlite3-dev libcli11-dev)
-test_packages=(libgtest-dev libgmock-dev locales)
-windows_packages=(g++-mingw-w64-x86-64-posix googletest wine wine64)
+test_packages=(libgtest-dev libgmock-dev locales openssl python3-minimal)
+windows_packages=(g++-mingw-w64-x86-64-posix googletest wine wine64 libgnutls30)
 check_packages=(clang clang-format clang-tidy cppcheck libclang-rt-14-dev googletest shellcheck)
 coverage_packages=(gcovr)
 bench_packages=(libbenchmark-dev)

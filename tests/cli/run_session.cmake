@@ -1,7 +1,7 @@
 # Plays a terminal session against the real program and compares what comes back, byte by byte:
 #
 #   cmake -DQEL=<path of qel> [-DEMULATOR=<program>] -DSESSION=<file> [-DMARKDOWN=ON]
-#     [-DSETTINGS=ON] -P run_session.cmake
+#     [-DSETTINGS=ON] [-DADDRESSES=<file>] -P run_session.cmake
 #
 # A session is text. A line "$ qel ARGUMENTS" is a command, split as a shell splits it; the lines up to the next one
 # are what it must answer:
@@ -10,6 +10,7 @@
 #   ~ regex    expected on the output, alone, in place of literal lines
 #   @ name=... a variable of its surroundings, "<here>" standing for the folder of the session
 #   any other  expected on the output
+# With ADDRESSES, lines "name=value", each "<name>" in the session stands for the value.
 # In Markdown only blocks fenced as "console" count, and the two streams stand there as a terminal mixes them: the
 # output, then the messages. Exit codes are not shown there and not tested.
 #
@@ -65,6 +66,13 @@ if(SETTINGS AND EMULATOR)
 endif()
 file(READ "${SESSION}" text)
 string(REGEX REPLACE "([^\n])$" "\\1\n" text "${text}")
+if(ADDRESSES)
+  file(STRINGS "${ADDRESSES}" addresses)
+  foreach(address IN LISTS addresses)
+    string(REGEX MATCH "^([^=]*)=(.*)$" address "${address}")
+    string(REPLACE "<${CMAKE_MATCH_1}>" "${CMAKE_MATCH_2}" text "${text}")
+  endforeach()
+endif()
 string(COMPARE EQUAL "${MARKDOWN}" "" listening)
 
 while(NOT text STREQUAL "")
