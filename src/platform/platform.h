@@ -163,23 +163,31 @@ HGLOBAL GlobalFree(HGLOBAL block);  // null
 // The system's colours by index, 0 to 24; here those of the default theme. Red is in the lowest byte.
 DWORD GetSysColor(int index);
 
-// Files and folders. Paths have "\" or "/" between names; one with a drive, as "C:\", has no place here (3). A
-// failure leaves its code as the last error: 2 no such file, 3 no such folder above it, 5 no right, 19 read-only
-// volume, 87 a null path, 112 disk full, 123 a name longer than the system takes, 183 there already, 1 any other.
+// Files and folders. Paths have "\" or "/" between names; every other character is part of a name, so drives do not
+// count. A path is tried as it is; when nothing is there, without blanks and dots at its end; then every name that is
+// missing stands for the one of its folder that differs by case alone, if that is one only. What is new gets the last
+// name as given.
+// A failure leaves its code as the last error: 2 no such file, 3 no such folder above it or no path, 4 too many open,
+// 5 no right, 19 read-only volume, 112 disk full, 123 a name longer than the system takes, 183 there already, 1117 any
+// other.
 constexpr DWORD INVALID_FILE_ATTRIBUTES = 0xFFFFFFFF;
+constexpr DWORD FILE_ATTRIBUTE_READONLY = 1;
 constexpr DWORD FILE_ATTRIBUTE_DIRECTORY = 0x10;
+constexpr DWORD FILE_ATTRIBUTE_ARCHIVE = 0x20;
 constexpr DWORD FILE_ATTRIBUTE_NORMAL = 0x80;
-// One of the two above, or INVALID_FILE_ATTRIBUTES on failure.
+// A folder is a DIRECTORY, a file ARCHIVE, and READONLY too when its mode lets nobody write. On failure
+// INVALID_FILE_ATTRIBUTES.
 DWORD GetFileAttributesW(const wchar_t* path);
-// Makes one folder; `security` is always null. Result: 1, or 0 on failure.
+// Makes one folder; `security` is always null. One named after a drive is not made (3). Result: 1, or 0 on failure.
 BOOL CreateDirectoryW(const wchar_t* path, const void* security);
 
 // Open files. Between users of the library one file is shared as the system shares it: readers that let others read
-// may be together, everybody else is alone (32). A failure leaves its code as the last error; besides those above: 2 or
-// 3 the file or its folder is not there, 5 a folder, no right, or the handle was not opened for this, 6 no open
-// handle, 32 somebody has it open, 80 CREATE_NEW of what is there, 87 no disposition, 131 before the start.
-// CREATE_ALWAYS and OPEN_ALWAYS of what is there succeed and leave 183; success otherwise leaves 0. Handles are never
-// given twice.
+// may be together, everybody else is alone (32). Two things are not as on Windows: writers that let each other write
+// are alone too, and nothing stands in the way of removing or moving an open file.
+// A failure leaves its code as the last error; besides those above: 5 a folder, a read-only file, or a handle that was
+// not opened for this, 6 no open handle, 32 somebody has it open, 80 CREATE_NEW of what is there, 87 no disposition or
+// origin, 123 a file with "\" behind its name, 131 before the start. CREATE_ALWAYS and OPEN_ALWAYS of what is there
+// succeed and leave 183; any other opening leaves 0. Handles are never given twice, and any thread may use them.
 #define INVALID_HANDLE_VALUE (reinterpret_cast<HANDLE>(std::intptr_t{-1}))
 constexpr DWORD GENERIC_READ = 0x80000000;
 constexpr DWORD GENERIC_WRITE = 0x40000000;
@@ -189,8 +197,8 @@ constexpr DWORD CREATE_NEW = 1;
 constexpr DWORD CREATE_ALWAYS = 2;
 constexpr DWORD OPEN_EXISTING = 3;
 constexpr DWORD OPEN_ALWAYS = 4;
-// Result: the handle, or INVALID_HANDLE_VALUE. `flags` is FILE_ATTRIBUTE_NORMAL, `security` and `like` are null. A
-// refused open leaves the content alone.
+// Result: the handle, or INVALID_HANDLE_VALUE. Without access a file is only looked at, beside anybody. `flags` is FILE_ATTRIBUTE_NORMAL, `security` and `like` are null. A refused open leaves the
+// content alone.
 HANDLE CreateFileW(const wchar_t* path, DWORD access, DWORD share, const void* security, DWORD disposition,
                    DWORD flags, HANDLE like);
 // At the handle's position, which moves on. At the end of the file 0 bytes are read, with success. `overlapped` is
@@ -214,6 +222,7 @@ constexpr DWORD DUPLICATE_SAME_ACCESS = 2;
 HANDLE GetCurrentProcess();
 BOOL DuplicateHandle(HANDLE fromProcess, HANDLE file, HANDLE toProcess, HANDLE* copy, DWORD access,
                      BOOL inherit, DWORD options);
+// What GetCurrentProcess gives may be closed too; nothing happens.
 BOOL CloseHandle(HANDLE file);
 
 // The shell. A folder by its number, as a list for CoTaskMemFree. Known is 5 alone, the user's documents: the
@@ -231,6 +240,10 @@ void CoTaskMemFree(void* memory);
 // above the root. A `more` with a drive or with two "\" in front takes the place of the path. Result: 1; 0 with an
 // empty path when it would be longer than 259 units, and with all unchanged for null.
 BOOL PathAppendW(wchar_t* path, const wchar_t* more);
+// The same of `folder` and `more` into `path`, which may be `folder`; but a `more` with one "\" in front starts at the
+// drive or share of `folder`. Null is an empty path. Result: `path`, or null with an empty path when it would be too
+// long.
+wchar_t* PathCombineW(wchar_t* path, const wchar_t* folder, const wchar_t* more);
 
 // URLs. The parts of `url`, of `length` units (0: up to its terminator), as pointers into it. A part is asked for by a
 // null pointer and a length that is not 0, and gets both; the others stay as they are. Flags are 0. Result: 1, or 0

@@ -10,11 +10,14 @@
 
 TEST(ShellTest, PathsAreAppendedAsRecorded) {
   for (const auto& row : GoldenTable("path_append.tsv")) {
-    std::wstring path = row.Wide("path").value();
-    const auto more = row.Wide("more");
-    path.resize(path.size() + 300);
-    const BOOL appended = PathAppendW(path.data(), more ? more->c_str() : nullptr);
-    ExpectAnswer(row, std::to_string(appended) + " " + Spelled(path.c_str()));
+    const auto path = row.Wide("path"), more = row.Wide("more");
+    std::wstring room(path.value_or(L""));
+    room.resize(room.size() + 300);
+    const wchar_t* const added = more ? more->c_str() : nullptr;
+    const bool done = row["function"] == "PathAppendW"
+                          ? PathAppendW(room.data(), added)
+                          : PathCombineW(room.data(), path ? path->c_str() : nullptr, added) == room.data();
+    ExpectAnswer(row, std::to_string(done) + " " + Spelled(room.c_str()));
   }
   EXPECT_FALSE(PathAppendW(nullptr, L"x"));
 }

@@ -63,7 +63,6 @@ class Canonical {
 
   const std::wstring& Path() const { return m_Path; }
 
- private:
   // What ".." never takes away: "C:\", "\\server", "\\?\C:\" or "\" in front.
   static std::size_t RootLength(std::wstring_view path) {
     const std::size_t prefix = path.starts_with(L"\\\\?\\") ? 4 : 0;
@@ -75,6 +74,7 @@ class Canonical {
     return path.starts_with(L'\\') ? 1 : 0;
   }
 
+ private:
   void Add(std::wstring_view name, bool last) {
     if (name == L"..") {
       GoUp();
@@ -110,6 +110,22 @@ std::wstring Joined(std::wstring path, std::wstring_view more) {
   return path.append(more);
 }
 
+// What a path with one "\" in front starts from: the drive or the share that `folder` is of.
+std::wstring_view VolumeOf(std::wstring_view folder) {
+  const bool share = folder.starts_with(L"\\\\") && !folder.starts_with(L"\\\\?\\");
+  if (!share) return folder.substr(0, Canonical::RootLength(folder));
+  const std::size_t server = std::min(folder.find(L'\\', 2), folder.size());
+  return folder.substr(0, folder.find(L'\\', server + 1));
+}
+
+// Into room for 260 units. False, with an empty path, when it does not fit.
+bool PutCanonical(wchar_t* out, const std::wstring& path) {
+  const std::wstring canonical = Canonical(path).Path();
+  const bool fits = canonical.size() < kPathRoom;
+  *std::copy_n(canonical.begin(), fits ? canonical.size() : 0, out) = L'\0';
+  return fits;
+}
+
 }  // namespace
 
 HRESULT SHGetSpecialFolderLocation(void*, int folder, LPITEMIDLIST* list) {
@@ -141,10 +157,12 @@ void CoTaskMemFree(void* memory) {
 }
 
 BOOL PathAppendW(wchar_t* path, const wchar_t* more) {
-  if (!path || !more) return 0;
-  const std::wstring joined = Canonical(Joined(path, more)).Path();
-  *path = L'\0';
-  if (joined.size() >= kPathRoom) return 0;
-  *std::copy(joined.begin(), joined.end(), path) = L'\0';
-  return 1;
+  return path && more && PutCanonical(path, Joined(path, more));
+}
+
+wchar_t* PathCombineW(wchar_t* path, const wchar_t* folder, const wchar_t* more) {
+  std::wstring_view base(folder ? folder : L"");
+  const std::wstring_view added(more ? more : L"");
+  if (added.starts_with(L'\\') && !IsWhole(added)) base = VolumeOf(base);
+  return PutCanonical(path, Joined(std::wstring(base), added)) ? path : nullptr;
 }

@@ -8,41 +8,13 @@
 #include <cstdlib>
 #include <string>
 
+#include "platform/linux/file_names.h"
 #include "platform/platform.h"
-#include "utf8.h"
 
 namespace {
 
 LONG StatusOf(int error) {
-  switch (error) {
-    case ENOTDIR:
-      return 3;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-    case EISDIR:
-      return 5;
-    case ENOSPC:
-    case EDQUOT:
-      return 112;
-    default:
-      return 1117;
-  }
-}
-
-constexpr LONG kNoPath = 3;
-
-// Empty for null.
-std::string NativePath(const wchar_t* path) {
-  return Qel::ToUtf8(Qel::ToNativePath(path).View());
-}
-
-// Why a file could not be opened: Windows tells a missing folder from a missing file.
-LONG OpeningStatus(const std::string& path) {
-  if (errno != ENOENT) return StatusOf(errno);
-  const std::size_t slash = path.rfind('/');
-  const bool hasFolder = slash == 0 || slash == path.npos || access(path.substr(0, slash).c_str(), F_OK) == 0;
-  return hasFolder ? 2 : 3;
+  return static_cast<LONG>(CodeOfError(error));
 }
 
 class File {
@@ -88,7 +60,7 @@ std::string NameBeside(const std::string& path) {
 LONG WriteBeside(const std::string& path, mode_t mode, const BYTE* data, std::size_t size) {
   const std::string temporary = NameBeside(path);
   File file(temporary, O_WRONLY | O_CREAT | O_EXCL, 0666);
-  if (!file.IsOpen()) return OpeningStatus(path);
+  if (!file.IsOpen()) return StatusOf(errno);
   LONG status = WriteAll(file, data, size);
   if (status == 0 && mode != 0 && fchmod(file.Number(), mode) != 0) status = StatusOf(errno);
   if (status == 0 && fsync(file.Number()) != 0) status = StatusOf(errno);
@@ -109,10 +81,10 @@ std::string Target(const std::string& path) {
 }  // namespace
 
 LONG ReadWholeFile(const wchar_t* path, std::vector<BYTE>& content, std::size_t most) {
-  const std::string native = NativePath(path);
-  if (native.empty()) return kNoPath;
-  const File file(native, O_RDONLY);
-  if (!file.IsOpen()) return OpeningStatus(native);
+  const FilePlace place = FindFile(path);
+  if (place.missing) return static_cast<LONG>(place.missing);
+  const File file(place.path, O_RDONLY);
+  if (!file.IsOpen()) return StatusOf(errno);
   content.clear();
   for (std::size_t filled = 0;;) {
     content.resize(std::max<std::size_t>(65536, filled * 2));
@@ -127,10 +99,11 @@ LONG ReadWholeFile(const wchar_t* path, std::vector<BYTE>& content, std::size_t 
 }
 
 LONG WriteWholeFile(const wchar_t* path, const BYTE* data, std::size_t size) {
-  const std::string native = NativePath(path);
-  if (native.empty()) return kNoPath;
+  const auto [native, missing] = FindFile(path);
+  if (missing == 2) return WriteBeside(native, 0, data, size);
+  if (missing) return static_cast<LONG>(missing);
   struct stat found {};
-  if (stat(native.c_str(), &found) != 0) return WriteBeside(native, 0, data, size);
+  if (stat(native.c_str(), &found) != 0) return StatusOf(errno);
   if (access(native.c_str(), W_OK) != 0) return StatusOf(errno);
   if (S_ISREG(found.st_mode)) return WriteBeside(Target(native), found.st_mode & 07777, data, size);
   const File file(native, O_WRONLY);  // a device or a pipe has no content to lose
