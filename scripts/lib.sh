@@ -1,13 +1,14 @@
 # Sourced by the scripts beside it (bash): which Debian packages each job takes, and how it is run and shown.
 # shellcheck shell=bash disable=SC2034  # the lists are used by the scripts that source this
 
-build_packages=(cmake ninja-build g++ libboost-dev libboost-stacktrace-dev libicu-dev libsqlite3-dev libcli11-dev)
+build_packages=(cmake ninja-build g++ libboost-dev libboost-stacktrace-dev libicu-dev libsqlite3-dev libcli11-dev
+  libcurl4-openssl-dev libcurl4)
 test_packages=(libgtest-dev libgmock-dev locales openssl python3-minimal)
 windows_packages=(g++-mingw-w64-x86-64-posix googletest wine wine64 libgnutls30)
 check_packages=(clang clang-format clang-tidy cppcheck libclang-rt-14-dev googletest shellcheck)
 coverage_packages=(gcovr)
 bench_packages=(libbenchmark-dev)
-peer_packages=(qtbase5-dev libmuparser-dev libcurl4-openssl-dev liburiparser-dev)
+peer_packages=(qtbase5-dev libmuparser-dev liburiparser-dev)
 
 cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit 1
 

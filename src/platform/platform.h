@@ -49,7 +49,8 @@ LONG ReadWholeFile(const wchar_t* path, std::vector<BYTE>& content, std::size_t 
 LONG WriteWholeFile(const wchar_t* path, const BYTE* data, std::size_t size);
 
 // Which authorities a session trusts instead of the system's: the certificates in this file (PEM). 0 or the code of
-// Windows: 2, 3, 5 the file cannot be read, 12175 it holds no certificate. It counts for requests opened afterwards.
+// Windows: 2, 3, 5 the file cannot be read, 12175 it holds no certificate. A null or empty path: the system's again. It
+// counts for requests opened afterwards.
 DWORD TrustAuthorities(void* session, const wchar_t* path);
 
 // How the place stands where the current user's settings are kept, or those that all users of the machine share. To

@@ -13,7 +13,7 @@
 #include <vector>
 
 // What a handle stands for; one of another kind is none.
-enum class HandleKind : std::uint64_t { Key = 0, File = 1 };
+enum class HandleKind : std::uint64_t { Key = 0, File = 1, Http = 2 };
 
 // A handle holds the number of its slot (20 bits), then a counter of all handles ever made (40), then its kind, then
 // a bit that no predefined handle and no pointer has.

@@ -1,0 +1,55 @@
+#include "handles.h"
+
+#include <mutex>
+
+#include "platform/linux/handle_table.h"
+
+namespace {
+
+constexpr DWORD kInvalidHandle = 6;
+constexpr DWORD kNoMemory = 8;
+
+using Objects = HandleTable<std::shared_ptr<HttpObject>>;
+
+std::mutex s_Lock;
+
+Objects& Table() {
+  // Never destroyed: a host may still close what it has while the process ends.
+  static auto* const s_Table = new Objects(HandleKind::Http);
+  return *s_Table;
+}
+
+std::uint64_t Number(HINTERNET handle) {
+  return reinterpret_cast<std::uint64_t>(handle);
+}
+
+// Null when there is no such handle.
+std::shared_ptr<HttpObject> Take(HINTERNET handle) {
+  const std::lock_guard lock(s_Lock);
+  std::shared_ptr<HttpObject>* const found = Table().Find(Number(handle));
+  std::shared_ptr<HttpObject> object = found ? *found : nullptr;
+  Table().Remove(Number(handle));
+  return object;
+}
+
+}  // namespace
+
+HINTERNET MakeHttpHandle(std::shared_ptr<HttpObject> object) {
+  const std::lock_guard lock(s_Lock);
+  const std::uint64_t handle = Table().Add(std::move(object));
+  if (handle == 0) SetLastError(kNoMemory);
+  return reinterpret_cast<HINTERNET>(handle);
+}
+
+std::shared_ptr<HttpObject> FindHttpObject(HINTERNET handle) {
+  const std::lock_guard lock(s_Lock);
+  if (const std::shared_ptr<HttpObject>* const found = Table().Find(Number(handle))) return *found;
+  SetLastError(kInvalidHandle);
+  return nullptr;
+}
+
+BOOL WinHttpCloseHandle(HINTERNET handle) {
+  const std::shared_ptr<HttpObject> object = Take(handle);
+  if (object) object->Cancel();
+  return Answer(object ? 0 : kInvalidHandle);
+}
