@@ -41,9 +41,8 @@ class OpenFileTest : public testing::Test {
     fs::remove(Gold() / "missing.txt");
   }
   std::optional<std::wstring> Name(const GoldenRow& row) const {
-    auto name = row.Wide("name");
-    if (name && name->starts_with(L'@')) name->replace(0, 1, m_Folder.Path().wstring());
-    return name;
+    const auto name = row.Wide("name");
+    return name && name->starts_with(L'@') ? m_Folder.Path().wstring() + name->substr(1) : name;
   }
   static std::string Content(const fs::path& name) {
     std::ifstream file(name, std::ios::binary);
