@@ -64,6 +64,22 @@ TEST(MemoryStreamTest, AppendsAndReadsGoToThePosition) {
   EXPECT_EQ(blob.Seek(1, 3), 32);
   blob.SetSize(30);
   EXPECT_EQ(blob.Seek(0, 1), 30);
+  blob.Seek(0, 0);
+  EXPECT_EQ(blob.Append("x", 1) + blob.Append("12345678", 8), 9);  // within the content, in both ways
+  EXPECT_EQ(Content(blob), std::string("x12345678FGHIJ0123456789abcdef"));
+  TBlob fresh;
+  fresh.Seek(5, 0);
+  EXPECT_EQ(fresh.Write("abc", 3), 3);
+  EXPECT_EQ(Content(fresh), "abc");
+}
+
+TEST(MemoryStreamTest, WhatIsCutOffDoesNotComeBack) {
+  TBlob blob;
+  blob.Append(std::string(16384, 'x').data(), 16384);
+  blob.SetCapacity(8192);
+  EXPECT_EQ(blob.Seek(0, 1), 8192);
+  blob.SetSize(16384);
+  EXPECT_EQ(Content(blob), std::string(8192, 'x') + std::string(8192, '\0'));
 }
 
 TEST(MemoryStreamTest, WhatCannotBeIsNotDone) {
@@ -77,6 +93,7 @@ TEST(MemoryStreamTest, WhatCannotBeIsNotDone) {
   }
   EXPECT_EQ(blob.Seek(INT_MAX, 2), INT_MAX);
   blob.SetCapacity(-1);
+  blob.SetSize(-1);
   EXPECT_EQ(Content(blob), "ab");
   EXPECT_EQ(blob.Write("c", -1), 0);
   EXPECT_EQ(blob.GetCapacity(), 0);
@@ -123,6 +140,7 @@ TEST(MemoryStreamTest, FilesHoldTheBytesAsTheyAre) {
   const CString path = Qel::FromUtf8(testing::TempDir() + "qel_blob.bin");
   TBlob blob, loaded;
   blob.Append("\0\r\n\xFF", 4);
+  loaded.Write("before", 6);
   ASSERT_TRUE(blob.SaveToFile(path) && loaded.LoadFromFile(path));
   EXPECT_EQ(loaded.Seek(0, 1), 0);
   EXPECT_FALSE(blob.SaveToFile(path + L"/none/x") || loaded.LoadFromFile(path + L"/none"));

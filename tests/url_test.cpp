@@ -59,6 +59,15 @@ TEST(UrlEncodeTest, TextsAreEncodedByTheirKindsOfCharacters) {
   EXPECT_EQ(CURLEncode::Encode(CString(std::wstring(1, L'\0')), 0), L"%00%00");
 }
 
+TEST(UrlEncodeTest, LongTextsAreWholeWhereverTheirCharactersFall) {
+  for (std::size_t shift = 0; shift < 12; ++shift) {
+    std::wstring text(shift, L'a'), encoded = text;
+    for (int i = 0; i < 300; ++i) text += L"\u0645 ", encoded += L"%D9%85%20";
+    EXPECT_EQ(Text(CURLEncode::Encode(CString(text), 0)), encoded);
+    EXPECT_EQ(Text(CURLEncode::Decode(CString(encoded))), text);
+  }
+}
+
 TEST(UrlEncodeTest, TextsAreDecodedMoreNarrowlyThanEncoded) {
   using namespace std::string_literals;
   const std::pair<std::wstring, std::wstring> rows[] = {
