@@ -8,6 +8,7 @@
 #include "blob.h"
 #include "buffer.h"
 #include "calendar.h"
+#include "character_codec.h"
 #include "cobject.h"
 #include "color.h"
 #include "config_types.h"
