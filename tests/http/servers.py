@@ -23,7 +23,7 @@ import answers
 import authority
 
 IDLE_SECONDS = 1800
-CONNECTION_SECONDS = 5  # a kept-alive connection waits so long for its next request
+CONNECTION_SECONDS = 3  # a kept-alive connection waits so long for its next request
 LONGEST_BODY_SHOWN = 500
 
 saw = {}

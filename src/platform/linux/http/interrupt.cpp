@@ -1,5 +1,0 @@
-#include "platform/platform.h"
-
-void InterruptRequest(void* request) {
-  WinHttpCloseHandle(request);
-}

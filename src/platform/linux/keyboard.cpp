@@ -1,5 +1,0 @@
-#include "platform/platform.h"
-
-short GetAsyncKeyState(int) {
-  return 0;
-}
