@@ -28,9 +28,9 @@ constexpr char32_t NextOfUtf8(const char*& at, const char* end) {
   char32_t ch = lead & (0x3Fu >> tail);
   for (int i = 0; i < tail; ++i) {
     if (at == end || (static_cast<unsigned char>(*at) & 0xC0) != 0x80) return kReplacement;
-    const auto byte = static_cast<unsigned char>(*at++);
-    if (i == 0 && IsImpossible(lead, byte)) return kReplacement;
-    ch = ch << 6 | (byte & 0x3Fu);
+    const auto continued = static_cast<unsigned char>(*at++);
+    if (i == 0 && IsImpossible(lead, continued)) return kReplacement;
+    ch = ch << 6 | (continued & 0x3Fu);
   }
   return ch;
 }
