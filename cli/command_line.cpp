@@ -105,6 +105,7 @@ CommandLine::CommandLine(Options& options) : m_Options(options), m_App(Say(Text:
   m_App.set_help_flag("--help,-h", Say(Text::OptionHelp));
   m_App.footer(Say(Text::ExitCodes));
   AddCommon(m_App);
+  m_App.set_version_flag("--version", QEL_VERSION, Say(Text::Version));
   AddDate();
   AddCalendar();
   AddCalc();
@@ -350,6 +351,8 @@ Request ReadCommandLine(std::vector<std::string> arguments, const std::string& l
     if (request.complaint.empty()) request.run = line.Given()->run;
   } catch (const CLI::CallForHelp&) {
     request.help = line.Help();
+  } catch (const CLI::CallForVersion&) {
+    request.run = RunVersion;
   } catch (const CLI::ParseError& error) {
     request.complaint = Complaint(line, error);
   }
