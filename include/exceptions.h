@@ -146,7 +146,9 @@ QEL_API CString StackTraceList(int skip, int max);
 }  // namespace Qel::Sys::Exceptions
 
 // Raise `Class` (a member of the family) with its leading arguments, as QEL_SOURCE and the real line, or as
-// the path and line given: crash reports are grouped by them, so some sites keep fixed ones.
+// the path and line given: crash reports are grouped by them, so some sites keep fixed ones. A class of a host's own,
+// derived from one of the family, is one too, once it is named there:
+//   namespace Qel::Sys::Exceptions { using ::order_exception; }
 #define QEL_RAISE(Class, ...) QEL_RAISE_AT(Class, QEL_SOURCE, __LINE__ __VA_OPT__(, ) __VA_ARGS__)
 #define QEL_RAISE_AT(Class, path, line, ...)                                  \
   throw ::Qel::Sys::Exceptions::MakeException<::Qel::Sys::Exceptions::Class>( \

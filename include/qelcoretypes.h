@@ -21,6 +21,7 @@
 #include "format.h"
 #include "hcalendar.h"
 #include "html.h"
+#include "httpclient.h"
 #include "iappcontext.h"
 #include "iappsettings.h"
 #include "legacydate.h"

@@ -53,6 +53,10 @@ LONG WriteWholeFile(const wchar_t* path, const BYTE* data, std::size_t size);
 // counts for requests opened afterwards.
 DWORD TrustAuthorities(void* session, const wchar_t* path);
 
+// Lets the call that another thread is in with this request end as soon as the system allows: here at once, with 12017,
+// the handle being closed. On Windows, where a handle in use must not be closed, it ends by itself.
+void InterruptRequest(void* request);
+
 // How the place stands where the current user's settings are kept, or those that all users of the machine share. To
 // ask makes and repairs nothing.
 StoreReport ReportOnStore(bool machine);
@@ -83,6 +87,11 @@ void GetLocalTime(SYSTEMTIME* time);
 //   beyond the day count on into their neighbours; 0 for month 13, day 32, year 10000 and more.
 int VariantTimeToSystemTime(double date, SYSTEMTIME* time);
 int SystemTimeToVariantTime(SYSTEMTIME* time, double* date);
+
+// The keyboard. The highest bit of the result tells that the key is down; here none ever is.
+constexpr int VK_SHIFT = 0x10;
+constexpr int VK_CONTROL = 0x11;
+short GetAsyncKeyState(int key);
 
 // The calling thread's code of the last call that failed. A call that succeeds leaves it alone.
 DWORD GetLastError();

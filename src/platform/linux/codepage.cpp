@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <cwchar>
 #include <string_view>
@@ -192,8 +193,45 @@ bool PutUnits(Output<wchar_t>& out, char32_t ch) {
   return out.Put(pair, 2);
 }
 
+// The first eight bytes when all are ASCII.
+bool DecodeEightAscii(const char* bytes, wchar_t* out) {
+  std::uint64_t all = 0;
+  std::memcpy(&all, bytes, sizeof all);
+  if ((all & 0x8080808080808080) != 0) return false;
+  for (std::size_t i = 0; i < sizeof all; ++i) out[i] = static_cast<unsigned char>(bytes[i]);
+  return true;
+}
+
+// The characters of two bytes at the start, Arabic ones among them. Returns where the first other one is.
+const char* DecodePairs(const char* bytes, const char* end, wchar_t*& out) {
+  for (; end - bytes >= 2; bytes += 2) {
+    const auto lead = static_cast<unsigned char>(bytes[0]), second = static_cast<unsigned char>(bytes[1]);
+    if (lead < 0xC2 || lead > 0xDF || (second & 0xC0) != 0x80) break;
+    *out++ = static_cast<wchar_t>((lead & 0x1F) << 6 | (second & 0x3F));
+  }
+  return bytes;
+}
+
+// Whole answers of servers come here: there is room for a unit a byte, and no character makes more. Returns how many
+// units came out.
+std::size_t DecodeAllUtf8(const char* bytes, const char* end, wchar_t* out) {
+  wchar_t* const start = out;
+  while (bytes != end) {
+    if (end - bytes >= 8 && DecodeEightAscii(bytes, out)) {
+      bytes += 8;
+      out += 8;
+      continue;
+    }
+    bytes = DecodePairs(bytes, end, out);
+    if (bytes == end) break;
+    PutUnitsOf(NextOfUtf8(bytes, end), [&](char16_t unit) { *out++ = unit; });
+  }
+  return static_cast<std::size_t>(out - start);
+}
+
 int DecodeUtf8(const char* bytes, std::size_t length, Output<wchar_t> out) {
   const char* const end = bytes + length;
+  if (out.Room() >= length) return static_cast<int>(DecodeAllUtf8(bytes, end, out.Buffer()));
   bool fits = true;
   while (bytes != end && fits) fits = PutUnits(out, NextOfUtf8(bytes, end));
   return out.Finish(fits);

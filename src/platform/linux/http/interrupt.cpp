@@ -1,0 +1,5 @@
+#include "platform/platform.h"
+
+void InterruptRequest(void* request) {
+  WinHttpCloseHandle(request);
+}

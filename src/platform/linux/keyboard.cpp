@@ -1,0 +1,5 @@
+#include "platform/platform.h"
+
+short GetAsyncKeyState(int) {
+  return 0;
+}
