@@ -44,6 +44,7 @@
 #include "regkey.h"
 #include "regtools.h"
 #include "report.h"
+#include "richtext.h"
 #include "round.h"
 #include "settings_store.h"
 #include "string_resources.h"

@@ -1,10 +1,14 @@
 // The colours and the font that panes of formatted text ask the application for.
+//
+//   HTMLColor(L"Total", Qel::UI::GetColor(Qel::UI::CI_TITLE))   in the application's colour of titles
 #ifndef QEL_THEME_H
 #define QEL_THEME_H
 
 #include <cstdint>
+#include <memory>
 
 #include "qel_cstring.h"
+#include "qel_export.h"
 
 namespace Qel::UI {
 
@@ -34,6 +38,13 @@ class IAppTheme {
   virtual unsigned long GetColor(COLOR_INDEX index) const = 0;
   virtual ~IAppTheme() = default;
 };
+
+// The theme of the application's context; never empty. Without a context, and for one whose getter raises because it
+// has no theme, a fixed one stands in, that all share: font Tahoma, headers 003399 and 0055AA, titles 000080, errors
+// C00000, all else black. So text can be formatted before the application has started, and in programs without any.
+QEL_API std::shared_ptr<IAppTheme> GetAppTheme();
+// A colour of that theme, red first (0xRRGGBB). To a TColor, which has red in its lowest bits, it is another one.
+QEL_API unsigned long GetColor(COLOR_INDEX index);
 
 }  // namespace Qel::UI
 

@@ -18,7 +18,30 @@ CString Caption(const wchar_t* caption) {
   const std::wstring_view view = text.View();
   if (!view.ends_with(L'\n')) return text + L": ";
   const std::size_t colon = view.rfind(L':');
-  return colon == view.npos ? text : text.Left(static_cast<int>(colon));
+  return CString(view.substr(0, colon == view.npos ? view.size() - 1 : colon + 1));
+}
+
+// What a unit is written as; empty for those that stay.
+constexpr std::wstring_view EntityOf(wchar_t unit) {
+  switch (unit) {
+    case L'&':
+      return L"&amp;";
+    case L'<':
+      return L"&lt;";
+    case L'>':
+      return L"&gt;";
+    case L'"':
+      return L"&quot;";
+    case L'\'':
+      return L"&#39;";
+    default:
+      return {};
+  }
+}
+
+constexpr bool IsNoHtml(wchar_t unit) {
+  const bool control = unit < L' ' || (unit >= 0x7F && unit <= 0x9F);
+  return control && unit != L'\t' && unit != L'\n' && unit != L'\r';
 }
 
 }  // namespace
@@ -48,6 +71,18 @@ CString HTMLRTLPara(const wchar_t* text) {
 CString HTMLCapVal(const wchar_t* caption, const wchar_t* value, unsigned long captionColour,
                    unsigned long valueColour) {
   return Coloured(Caption(caption), captionColour) + Coloured(HTMLBold(value), valueColour);
+}
+
+CString HTMLEscape(const wchar_t* text) {
+  std::wstring escaped;
+  for (const wchar_t unit : text ? std::wstring_view(text) : std::wstring_view()) {
+    const std::wstring_view entity = EntityOf(unit);
+    if (!entity.empty())
+      escaped += entity;
+    else if (!IsNoHtml(unit))
+      escaped += unit;
+  }
+  return escaped;
 }
 
 CString ColorToHex(unsigned long colour) {

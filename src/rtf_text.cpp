@@ -1,0 +1,144 @@
+#include "rtf_text.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+#include "data/cp1256.h"
+#include "padded_number.h"
+
+namespace Qel::Rtf {
+
+namespace {
+
+constexpr std::size_t kWidth = 71;
+
+constexpr bool IsLineEnd(wchar_t unit) {
+  return unit == L'\n' || unit == L'\r';
+}
+constexpr bool SplitsPair(wchar_t before, wchar_t behind) {
+  return (before & 0xFC00) == 0xD800 && (behind & 0xFC00) == 0xDC00;
+}
+
+// Where a line ends, and where the next one begins.
+struct Break {
+  std::size_t end, next;
+};
+
+// Of what has `width` units and one more without a line end.
+Break BreakIn(std::wstring_view text, std::size_t width) {
+  const std::size_t blank = text.rfind(L' ');
+  if (blank != text.npos) return {blank, blank + 1};
+  if (!SplitsPair(text[width - 1], text[width])) return {width, width};
+  const std::size_t end = width == 1 ? 2 : width - 1;  // one unit must hold a pair
+  return {end, end};
+}
+
+// The bytes of the page's units in two stretches, 0 for what it does not have.
+template <char16_t First, char16_t Last>
+class Stretch {
+ public:
+  constexpr Stretch() {
+    for (unsigned byte = 0x80; byte < 256; ++byte)
+      if (const char16_t unit = cp1256::kUnitOfByte[byte]; Has(unit))
+        m_Bytes[std::size_t{unit} - First] = static_cast<unsigned char>(byte);
+  }
+  static constexpr bool Has(char32_t unit) { return unit >= First && unit <= Last; }
+  constexpr unsigned operator[](char32_t unit) const { return m_Bytes[unit - First]; }
+
+ private:
+  std::array<unsigned char, 1u + Last - First> m_Bytes{};
+};
+constexpr Stretch<0xA0, 0x6D2> kLetters;
+constexpr Stretch<0x200C, 0x2122> kSigns;
+static_assert(std::all_of(std::begin(cp1256::kUnitOfByte) + 0x80, std::end(cp1256::kUnitOfByte),
+                          [](char16_t unit) { return kLetters.Has(unit) || kSigns.Has(unit); }));
+
+constexpr unsigned ByteOf(char32_t unit) {
+  if (kLetters.Has(unit)) return kLetters[unit];
+  return kSigns.Has(unit) ? kSigns[unit] : 0;
+}
+
+void AppendByte(std::wstring& rtf, unsigned byte) {
+  constexpr wchar_t kDigits[] = L"0123456789abcdef";
+  const wchar_t escape[] = {L'\\', L'\'', kDigits[byte >> 4], kDigits[byte & 0xF]};
+  rtf.append(escape, std::size(escape));
+}
+
+// The number is signed in 16 bits; readers that do not know it show the question mark.
+void AppendNumber(std::wstring& rtf, char32_t unit) {
+  constexpr char32_t kNegative = 0x8000, kRange = 0x10000;
+  wchar_t escape[16] = L"\\u-";
+  const bool negative = unit >= kNegative;
+  wchar_t* const digits = escape + (negative ? 3 : 2);
+  wchar_t* end = Sys::Text::WritePadded(digits, negative ? kRange - unit : unit, 1);
+  *end++ = L'?';
+  rtf.append(escape, end);
+}
+
+constexpr bool IsPlain(wchar_t unit) {
+  return unit >= L' ' && unit < 0x7F && unit != L'\\' && unit != L'{' && unit != L'}';
+}
+
+void AppendEscaped(std::wstring& rtf, wchar_t unit) {
+  constexpr wchar_t kFirstBeyondControls = 0xA0;
+  const auto code = static_cast<char32_t>(unit);
+  if (unit == L'\t') {
+    rtf += L"\\tab ";
+  } else if (unit == L'\\' || unit == L'{' || unit == L'}') {
+    (rtf += L'\\') += unit;
+  } else if (unit >= kFirstBeyondControls) {
+    const unsigned byte = ByteOf(code);
+    byte != 0 ? AppendByte(rtf, byte) : AppendNumber(rtf, code);
+  }
+}
+
+}  // namespace
+
+std::wstring InUnits(const wchar_t* text) {
+  constexpr char32_t kLast = 0xFFFF;
+  std::wstring units;
+  for (const wchar_t* at = text ? text : L""; *at; ++at) {
+    const auto ch = static_cast<char32_t>(*at);
+    if (ch > kLast) units += static_cast<wchar_t>(0xD800 | ((ch - kLast - 1) >> 10 & 0x3FF));
+    units += ch > kLast ? static_cast<wchar_t>(0xDC00 | (ch & 0x3FF)) : *at;
+  }
+  return units;
+}
+
+bool TakeLine(std::wstring_view& rest, std::size_t width, std::wstring_view& line) {
+  // No further than needed, so that a long text is not searched anew for each of its lines.
+  const std::wstring_view seen = rest.substr(0, width == kAnyWidth ? width : width + 1);
+  const auto end = static_cast<std::size_t>(std::find_if(seen.begin(), seen.end(), IsLineEnd) - seen.begin());
+  Break at{end, end};
+  const bool found = end < seen.size();
+  if (found)
+    at.next += rest.substr(end, 2) == L"\r\n" ? 2u : 1u;
+  else if (seen.size() > width)
+    at = BreakIn(seen, width);
+  const bool more = found || seen.size() > width;
+  line = rest.substr(0, at.end);
+  rest.remove_prefix(at.next);
+  return more;
+}
+
+void AppendLine(std::wstring& rtf, std::wstring_view line) {
+  for (auto at = line.begin(); at != line.end();) {
+    const auto special = std::find_if_not(at, line.end(), IsPlain);
+    rtf.append(at, special);
+    at = special;
+    if (at != line.end()) AppendEscaped(rtf, *at++);
+  }
+}
+
+void AppendText(std::wstring& rtf, const wchar_t* text) {
+  const std::wstring units = InUnits(text);
+  std::wstring_view rest = units, line;
+  for (bool more = true; more;) {
+    more = TakeLine(rest, kWidth, line);
+    AppendLine(rtf, line);
+    if (more) rtf += L"\\par\n";
+  }
+}
+
+}  // namespace Qel::Rtf
