@@ -80,6 +80,7 @@ class CommandLine {
   void AddColor();
   void AddStruct();
   void AddUrl();
+  Command& AddPane(const char* name, Text description, Run run);
   void AddSettings();
   void AddCommon(CLI::App& app);
   void AddReading(CLI::App& app);
@@ -113,6 +114,8 @@ CommandLine::CommandLine(Options& options) : m_Options(options), m_App(Say(Text:
   AddColor();
   AddStruct();
   AddUrl();
+  AddPane("rtf", Text::Rtf, RunRtf);
+  AddFlag(*AddPane("html", Text::Html, RunHtml).app, "--fragment", m_Options.fragment, Text::OptionFragment);
   AddSettings();
   Add(m_App, "doctor", Text::Doctor, RunDoctor);
   Add(m_App, "error", Text::Error, RunError);
@@ -225,6 +228,17 @@ void CommandLine::AddUrl() {
   AddFlag(*encode.app, "--reserved", m_Options.reserved, Text::OptionReserved);
   AddOperand(encode, "TEXT", Text::OperandTexts, true);
   AddOperand(Add(*url.app, "decode", Text::UrlDecode, RunUrlDecode), "TEXT", Text::OperandTexts, true);
+}
+
+Command& CommandLine::AddPane(const char* name, Text description, Run run) {
+  Command& pane = Add(m_App, name, description, run);
+  AddOperand(pane, "FILE", Text::OperandPane);
+  pane.operands.clear();  // without one it is the input
+  pane.app->add_option("-o,--output", m_Options.output, Say(Text::OptionOutput))
+      ->type_name("FILE")
+      ->take_last();
+  pane.app->footer(Say(Text::PaneLines));
+  return pane;
 }
 
 void CommandLine::AddSettings() {

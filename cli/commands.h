@@ -25,6 +25,8 @@ int RunStructDecode(const Options& options);
 int RunUrlSplit(const Options& options);
 int RunUrlEncode(const Options& options);
 int RunUrlDecode(const Options& options);
+int RunRtf(const Options& options);
+int RunHtml(const Options& options);
 int RunSettingsList(const Options& options);
 int RunSettingsGet(const Options& options);
 int RunSettingsSet(const Options& options);

@@ -18,6 +18,7 @@ struct Options {
   std::string size;             // bytes of a record, or empty
   std::string type;             // of a setting, or empty for what its value suggests
   std::string seconds;          // to wait, or empty for ever
+  std::string output;           // a file, or empty for the output
   std::vector<std::string> operands;
   bool hijri = false;
   bool both = false;
@@ -27,6 +28,7 @@ struct Options {
   bool all = false;
   bool once = false;
   bool reserved = false;
+  bool fragment = false;
 };
 
 }  // namespace Cli

@@ -50,6 +50,25 @@ constexpr Entry kEntries[] = {
     {Text::UrlEncode, "Write percent signs for what an address does not take",
      "كتابة علامات النسبة لما لا يقبله العنوان"},
     {Text::UrlDecode, "Show the text of percent signs", "عرض نص علامات النسبة"},
+    {Text::Rtf, "Write a pane of formatted text as RTF", "كتابة لوحة نص منسق بصيغة RTF"},
+    {Text::Html, "Write a pane of formatted text as HTML", "كتابة لوحة نص منسق بصيغة HTML"},
+    {Text::PaneLines,
+     "Lines of the text, in UTF-8:\n"
+     "  # TEXT       main header\n"
+     "  ## TEXT      sub header\n"
+     "  ! TEXT       error\n"
+     "  NAME: TEXT   a title of at most 30 characters, and its text\n"
+     "  >            right to left from here, alone or in front of one of these\n"
+     "  <            left to right\n"
+     "Within a line **bold** and __underlined__",
+     "أسطر النص بترميز UTF-8:\n"
+     "  # نص         عنوان رئيسي\n"
+     "  ## نص        عنوان فرعي\n"
+     "  ! نص         خطأ\n"
+     "  اسم: نص      عنوان لا يزيد على 30 محرفا، ونصه\n"
+     "  >            من اليمين إلى اليسار من هنا، وحده أو قبل واحد مما سبق\n"
+     "  <            من اليسار إلى اليمين\n"
+     "وفي السطر **غليظ** و__مسطر__"},
     {Text::Settings, "Show and change settings", "عرض الإعدادات وتغييرها"},
     {Text::SettingsList, "List entries with their types and what they mean", "سرد المداخل وأنواعها ومعانيها"},
     {Text::SettingsGet, "Show one entry", "عرض مدخل واحد"},
@@ -88,6 +107,8 @@ constexpr Entry kEntries[] = {
     {Text::OptionSize, "Only texts of records of N bytes", "نصوص السجلات التي طولها N بايت فقط"},
     {Text::OptionReserved,
      "Also for what means something in an address, such as & and =", "وكذلك لما له معنى في العنوان مثل & و="},
+    {Text::OptionOutput, "Write to this file", "الكتابة في هذا الملف"},
+    {Text::OptionFragment, "Only what goes into the body of a page", "ما يوضع في متن الصفحة وحده"},
     {Text::OptionMachine, "Settings of the machine, not of the user", "إعدادات الجهاز لا المستخدم"},
     {Text::OptionType, "The type to store; binary takes pairs of hexadecimal digits",
      "النوع الذي يخزن؛ وbinary يأخذ أزواجا من الأرقام الستة عشرية"},
@@ -127,6 +148,8 @@ constexpr Entry kEntries[] = {
      "عناوين مثل https://example.com/path?x=1، أو - لقراءة عنوان من كل سطر من الدخل"},
     {Text::OperandTexts, "Texts, or - to read one from each line of the input",
      "نصوص، أو - لقراءة نص من كل سطر من الدخل"},
+    {Text::OperandPane, "The file of the text, or - for the input, as when there is none",
+     "ملف النص، أو - للدخل وهو المفترض"},
     {Text::OperandSection, "The section, such as Window or Reports\\Sales",
      "القسم مثل Window أو Reports\\Sales"},
     {Text::OperandSections, "The section with all below it; otherwise all settings",

@@ -66,16 +66,16 @@ class TRichText {
   QEL_API static std::vector<CString> SplitLines(const wchar_t* text, long width);
 
  protected:
-  // Writes a control word when `on` differs from `state`, which becomes `on`: the one or the other.
+  // Writes a control word, of ASCII, when `on` differs from `state`, which becomes `on`: the one or the other.
   QEL_API bool AddPara(bool on, bool& state, const wchar_t* onWord, const wchar_t* offWord);
 
  private:
   // The number of a colour in the table, which it enters when it is new.
   long ColourNumber(std::uint32_t colour);
-  void AddNumber(const wchar_t* word, long number);
+  void AddNumber(const char* word, long number);
 
-  std::wstring m_Body;
-  CString m_Header;
+  std::string m_Body;  // both ASCII
+  std::string m_Header;
   std::uint32_t m_Colour = 0xFFFFFFFF;  // of the last run; no run has this one
   std::int32_t m_Size = 0;
   bool m_Bold = false;

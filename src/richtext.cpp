@@ -14,14 +14,15 @@ constexpr unsigned long kNormalSize = 16;
 constexpr unsigned long kMainHdrSize = 29;
 constexpr unsigned long kSubHdrSize = 20;
 
-constexpr wchar_t kHeaderToFont[] =
-    L"{\\rtf1\\fbidis\\ansi\\ansicpg1256\\deff0\\deflang10241{\\fonttbl{\\f0\\fswiss\\fcharset178 ";
-constexpr wchar_t kHeaderFromFont[] = L";}}\\viewkind4\\uc1\\pard\\ltrpar\\f0\\fs16 ";
+constexpr char kHeaderToFont[] =
+    "{\\rtf1\\fbidis\\ansi\\ansicpg1256\\deff0\\deflang10241{\\fonttbl{\\f0\\fswiss\\fcharset178 ";
+constexpr char kHeaderFromFont[] = ";}}\\viewkind4\\uc1\\pard\\ltrpar\\f0\\fs16 ";
 
 // A theme may name any font, so the name is escaped like any text.
-CString Header(const CString& font) {
-  std::wstring header = kHeaderToFont;
-  Qel::Rtf::AppendLine(header, Qel::Rtf::InUnits(font));
+std::string Header(const CString& font) {
+  std::string header = kHeaderToFont;
+  std::wstring store;
+  Qel::Rtf::AppendLine(header, Qel::Rtf::InUnits(font, store));
   return header += kHeaderFromFont;
 }
 
@@ -31,8 +32,8 @@ std::uint32_t Resolved(unsigned long colour) {
   return low == kNoColour ? static_cast<std::uint32_t>(GetColor(CI_NORMAL)) : low;
 }
 
-std::wstring Channel(const wchar_t* word, unsigned long value) {
-  return word + std::to_wstring(value & 0xFF);
+std::string Channel(const char* word, unsigned long value) {
+  return word + std::to_string(value & 0xFF);
 }
 
 }  // namespace
@@ -44,12 +45,12 @@ bool TRichText::AddString(const wchar_t* text, unsigned long colour, unsigned lo
   const std::uint32_t wanted = Resolved(colour);
   const auto halfPoints = static_cast<std::int32_t>(size == 0 ? kNormalSize : size);
   const std::size_t before = m_Body.size();
-  if (wanted != m_Colour) AddNumber(L"\\cf", ColourNumber(wanted));
-  if (halfPoints != m_Size) AddNumber(L"\\fs", halfPoints);
-  if (bold != m_Bold) m_Body += bold ? L"\\b" : L"\\b0";
-  if (underline != m_UnderLine) m_Body += bold ? L"\\ul" : L"\\ulnone";
+  if (wanted != m_Colour) AddNumber("\\cf", ColourNumber(wanted));
+  if (halfPoints != m_Size) AddNumber("\\fs", halfPoints);
+  if (bold != m_Bold) m_Body += bold ? "\\b" : "\\b0";
+  if (underline != m_UnderLine) m_Body += bold ? "\\ul" : "\\ulnone";
   // A word of AddPara needs its end too, or the text would become a part of it.
-  if (m_Body.size() != before || m_WordOpen) m_Body += L' ';
+  if (m_Body.size() != before || m_WordOpen) m_Body += ' ';
   Qel::Rtf::AppendText(m_Body, text);
   m_Colour = wanted;
   m_Size = halfPoints;
@@ -99,29 +100,29 @@ bool TRichText::SetParaRTL(bool on) {
 }
 
 CString TRichText::GetString() const {
-  std::wstring document(m_Header.View());
-  if (m_Colours.GetCount() > 0) document += L"{\\colortbl ;";
+  std::string document = m_Header;
+  if (m_Colours.GetCount() > 0) document += "{\\colortbl ;";
   for (long i = 0; i < m_Colours.GetCount(); ++i) {
     const unsigned long colour = m_Colours[i];
-    document += Channel(L"\\red", colour >> 16) + Channel(L"\\green", colour >> 8) +
-                Channel(L"\\blue", colour) + L';';
+    document +=
+        Channel("\\red", colour >> 16) + Channel("\\green", colour >> 8) + Channel("\\blue", colour) + ';';
   }
-  if (m_Colours.GetCount() > 0) document += L'}';
+  if (m_Colours.GetCount() > 0) document += '}';
   document.reserve(document.size() + m_Body.size() + 1);
   document += m_Body;
-  return document += L'}';
+  return Qel::Rtf::Wide(document += '}');
 }
 
 CString TRichText::ParseRichText(const wchar_t* text) {
-  std::wstring rtf;
+  std::string rtf;
   Qel::Rtf::AppendText(rtf, text);
-  return rtf;
+  return Qel::Rtf::Wide(rtf);
 }
 
 std::vector<CString> TRichText::SplitLines(const wchar_t* text, long width) {
-  const std::wstring units = Qel::Rtf::InUnits(text);
+  std::wstring store;
   const std::size_t atMost = width > 0 ? static_cast<std::size_t>(width) : Qel::Rtf::kAnyWidth;
-  std::wstring_view rest = units, line;
+  std::wstring_view rest = Qel::Rtf::InUnits(text, store), line;
   std::vector<CString> lines;
   for (bool more = true; more;) {
     more = Qel::Rtf::TakeLine(rest, atMost, line);
@@ -132,7 +133,7 @@ std::vector<CString> TRichText::SplitLines(const wchar_t* text, long width) {
 
 bool TRichText::AddPara(bool on, bool& state, const wchar_t* onWord, const wchar_t* offWord) {
   if (on == state) return true;
-  m_Body += on ? onWord : offWord;
+  for (const wchar_t* at = on ? onWord : offWord; *at; ++at) m_Body += static_cast<char>(*at);
   state = on;
   m_WordOpen = true;
   return true;
@@ -144,6 +145,6 @@ long TRichText::ColourNumber(std::uint32_t colour) {
   return m_Numbers[colour] = m_Colours.GetCount();
 }
 
-void TRichText::AddNumber(const wchar_t* word, long number) {
-  (m_Body += word) += std::to_wstring(number);
+void TRichText::AddNumber(const char* word, long number) {
+  (m_Body += word) += std::to_string(number);
 }

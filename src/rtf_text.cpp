@@ -2,16 +2,18 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <cstdint>
 #include <iterator>
 
 #include "data/cp1256.h"
-#include "padded_number.h"
 
 namespace Qel::Rtf {
 
 namespace {
 
 constexpr std::size_t kWidth = 71;
+constexpr std::size_t kLongest = 9;  // "\\u-32768?"
 
 constexpr bool IsLineEnd(wchar_t unit) {
   return unit == L'\n' || unit == L'\r';
@@ -59,51 +61,60 @@ constexpr unsigned ByteOf(char32_t unit) {
   return kSigns.Has(unit) ? kSigns[unit] : 0;
 }
 
-void AppendByte(std::wstring& rtf, unsigned byte) {
-  constexpr wchar_t kDigits[] = L"0123456789abcdef";
-  const wchar_t escape[] = {L'\\', L'\'', kDigits[byte >> 4], kDigits[byte & 0xF]};
-  rtf.append(escape, std::size(escape));
-}
-
-// The number is signed in 16 bits; readers that do not know it show the question mark.
-void AppendNumber(std::wstring& rtf, char32_t unit) {
-  constexpr char32_t kNegative = 0x8000, kRange = 0x10000;
-  wchar_t escape[16] = L"\\u-";
-  const bool negative = unit >= kNegative;
-  wchar_t* const digits = escape + (negative ? 3 : 2);
-  wchar_t* end = Sys::Text::WritePadded(digits, negative ? kRange - unit : unit, 1);
-  *end++ = L'?';
-  rtf.append(escape, end);
-}
-
 constexpr bool IsPlain(wchar_t unit) {
   return unit >= L' ' && unit < 0x7F && unit != L'\\' && unit != L'{' && unit != L'}';
 }
 
-void AppendEscaped(std::wstring& rtf, wchar_t unit) {
+char* PutByte(char* out, unsigned byte) {
+  constexpr char kDigits[] = "0123456789abcdef";
+  *out++ = '\\';
+  *out++ = '\'';
+  *out++ = kDigits[byte >> 4];
+  *out++ = kDigits[byte & 0xF];
+  return out;
+}
+
+// The number is signed in 16 bits; readers that do not know it show the question mark.
+char* PutNumber(char* out, char32_t unit) {
+  *out++ = '\\';
+  *out++ = 'u';
+  out = std::to_chars(out, out + kLongest, static_cast<std::int16_t>(unit)).ptr;
+  *out++ = '?';
+  return out;
+}
+
+// Appends what stands for a unit, which is kLongest at most.
+char* Put(char* out, wchar_t unit) {
   constexpr wchar_t kFirstBeyondControls = 0xA0;
   const auto code = static_cast<char32_t>(unit);
-  if (unit == L'\t') {
-    rtf += L"\\tab ";
-  } else if (unit == L'\\' || unit == L'{' || unit == L'}') {
-    (rtf += L'\\') += unit;
+  if (IsPlain(unit)) {
+    *out++ = static_cast<char>(unit);
   } else if (unit >= kFirstBeyondControls) {
     const unsigned byte = ByteOf(code);
-    byte != 0 ? AppendByte(rtf, byte) : AppendNumber(rtf, code);
+    return byte != 0 ? PutByte(out, byte) : PutNumber(out, code);
+  } else if (unit == L'\t') {
+    return std::copy_n("\\tab ", 5, out);
+  } else if (unit > L' ' && unit < 0x7F) {
+    *out++ = '\\';
+    *out++ = static_cast<char>(unit);
   }
+  return out;
 }
 
 }  // namespace
 
-std::wstring InUnits(const wchar_t* text) {
+std::wstring_view InUnits(const wchar_t* text, std::wstring& store) {
   constexpr char32_t kLast = 0xFFFF;
-  std::wstring units;
-  for (const wchar_t* at = text ? text : L""; *at; ++at) {
-    const auto ch = static_cast<char32_t>(*at);
-    if (ch > kLast) units += static_cast<wchar_t>(0xD800 | ((ch - kLast - 1) >> 10 & 0x3FF));
-    units += ch > kLast ? static_cast<wchar_t>(0xDC00 | (ch & 0x3FF)) : *at;
+  const std::wstring_view whole = text ? text : L"";
+  if (std::none_of(whole.begin(), whole.end(),
+                   [](wchar_t element) { return static_cast<char32_t>(element) > kLast; }))
+    return whole;
+  for (const wchar_t element : whole) {
+    const auto ch = static_cast<char32_t>(element);
+    if (ch > kLast) store += static_cast<wchar_t>(0xD800 | ((ch - kLast - 1) >> 10 & 0x3FF));
+    store += ch > kLast ? static_cast<wchar_t>(0xDC00 | (ch & 0x3FF)) : element;
   }
-  return units;
+  return store;
 }
 
 bool TakeLine(std::wstring_view& rest, std::size_t width, std::wstring_view& line) {
@@ -122,23 +133,26 @@ bool TakeLine(std::wstring_view& rest, std::size_t width, std::wstring_view& lin
   return more;
 }
 
-void AppendLine(std::wstring& rtf, std::wstring_view line) {
-  for (auto at = line.begin(); at != line.end();) {
-    const auto special = std::find_if_not(at, line.end(), IsPlain);
-    rtf.append(at, special);
-    at = special;
-    if (at != line.end()) AppendEscaped(rtf, *at++);
-  }
+void AppendLine(std::string& rtf, std::wstring_view line) {
+  const std::size_t start = rtf.size();
+  rtf.resize(start + line.size() * kLongest);
+  char* out = rtf.data() + start;
+  for (const wchar_t unit : line) out = Put(out, unit);
+  rtf.resize(static_cast<std::size_t>(out - rtf.data()));
 }
 
-void AppendText(std::wstring& rtf, const wchar_t* text) {
-  const std::wstring units = InUnits(text);
-  std::wstring_view rest = units, line;
+void AppendText(std::string& rtf, const wchar_t* text) {
+  std::wstring store;
+  std::wstring_view rest = InUnits(text, store), line;
   for (bool more = true; more;) {
     more = TakeLine(rest, kWidth, line);
     AppendLine(rtf, line);
-    if (more) rtf += L"\\par\n";
+    if (more) rtf += "\\par\n";
   }
+}
+
+CString Wide(const std::string& ascii) {
+  return std::wstring(ascii.begin(), ascii.end());
 }
 
 }  // namespace Qel::Rtf
