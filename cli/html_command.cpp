@@ -59,12 +59,15 @@ CString TitleOf(const std::vector<PaneLine>& pane) {
 }
 
 // Colours and underlining by elements, as the library writes them, are valid in this version of HTML.
+constexpr char kPageStart[] =
+    R"(<!DOCTYPE HTML PUBLIC "-//W3C//DTD HTML 4.01 Transitional//EN" "http://www.w3.org/TR/html4/loose.dtd">
+<html>
+<head>
+<meta http-equiv="Content-Type" content="text/html; charset=utf-8">
+<title>)";
+
 std::string Page(const CString& title, const std::string& body) {
-  return Joined(
-      {"<!DOCTYPE HTML PUBLIC \"-//W3C//DTD HTML 4.01 Transitional//EN\" "
-       "\"http://www.w3.org/TR/html4/loose.dtd\">\n"
-       "<html>\n<head>\n<meta http-equiv=\"Content-Type\" content=\"text/html; charset=utf-8\">\n<title>",
-       Utf8(title), "</title>\n</head>\n<body>\n", body, "\n</body>\n</html>"});
+  return Joined({kPageStart, Utf8(title), "</title>\n</head>\n<body>\n", body, "\n</body>\n</html>"});
 }
 
 std::string Write(const std::vector<std::string>& lines, const Options& options) {
