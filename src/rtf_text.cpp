@@ -18,6 +18,10 @@ constexpr std::size_t kLongest = 9;  // "\\u-32768?"
 constexpr bool IsLineEnd(wchar_t unit) {
   return unit == L'\n' || unit == L'\r';
 }
+// An element of a literal on systems with wide ones.
+constexpr bool IsPair(char32_t element) {
+  return element > 0xFFFF;
+}
 constexpr bool SplitsPair(wchar_t before, wchar_t behind) {
   return (before & 0xFC00) == 0xD800 && (behind & 0xFC00) == 0xDC00;
 }
@@ -104,15 +108,12 @@ char* Put(char* out, wchar_t unit) {
 }  // namespace
 
 std::wstring_view InUnits(const wchar_t* text, std::wstring& store) {
-  constexpr char32_t kLast = 0xFFFF;
   const std::wstring_view whole = text ? text : L"";
-  if (std::none_of(whole.begin(), whole.end(),
-                   [](wchar_t element) { return static_cast<char32_t>(element) > kLast; }))
-    return whole;
+  if (std::none_of(whole.begin(), whole.end(), IsPair)) return whole;
   for (const wchar_t element : whole) {
     const auto ch = static_cast<char32_t>(element);
-    if (ch > kLast) store += static_cast<wchar_t>(0xD800 | ((ch - kLast - 1) >> 10 & 0x3FF));
-    store += ch > kLast ? static_cast<wchar_t>(0xDC00 | (ch & 0x3FF)) : element;
+    if (IsPair(ch)) store += static_cast<wchar_t>(0xD7C0 + (ch >> 10 & 0x7FF));
+    store += static_cast<wchar_t>(IsPair(ch) ? 0xDC00 | (ch & 0x3FF) : ch);
   }
   return store;
 }
