@@ -118,10 +118,10 @@ TEST(RichTextTest, PlainTextIsEscaped) {
 
 TEST(RichTextTest, CharactersOfTheCodePageAreItsBytes) {
   for (const auto& row : GoldenTable("cp1256_decode.tsv")) {
-    const std::string& byte = row["byte"];
-    if (byte < "80") continue;
+    const std::string& pair = row["byte"];
+    if (pair < "80") continue;
     const wchar_t text[] = {static_cast<wchar_t>(std::stoi(row["expected"], nullptr, 16)), 0};
-    std::wstring digits(byte.begin(), byte.end());
+    std::wstring digits(pair.begin(), pair.end());
     for (wchar_t& digit : digits) digit |= 0x20;
     EXPECT_EQ(TRichText::ParseRichText(text), L"\\'" + digits);
   }
