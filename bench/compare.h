@@ -31,8 +31,12 @@ struct Peer {
   Body run;  // null: the peer's package was not there when this was built; the row says so
 };
 
+// What counts: the time of the calling thread alone, or also that in which it waits for others.
+enum class Clocked { Processor, Elapsed };
+
 // Registers one subject. Returns true, so that it can initialise a constant.
-bool Compare(const char* subject, Body ours, const std::vector<Peer>& peers);
+bool Compare(const char* subject, Body ours, const std::vector<Peer>& peers,
+             Clocked clocked = Clocked::Processor);
 
 // Registers a figure that is no ratio, measured and printed after the others. Left out when the caller asks for some
 // of the subjects alone.

@@ -78,7 +78,8 @@ class RatioReporter : public benchmark::BenchmarkReporter {
   void ReportRuns(const std::vector<Run>& runs) override {
     for (const Run& run : runs)
       if (run.run_type == Run::RT_Iteration && !run.error_occurred)
-        m_Times[run.run_name.function_name].push_back(run.GetAdjustedCPUTime());
+        m_Times[run.run_name.function_name].push_back(
+            run.run_name.time_type.empty() ? run.GetAdjustedCPUTime() : run.GetAdjustedRealTime());
   }
 
   void Finalize() override {
@@ -93,11 +94,15 @@ class RatioReporter : public benchmark::BenchmarkReporter {
 
 }  // namespace
 
-bool Compare(const char* subject, Body ours, const std::vector<Peer>& peers) {
-  benchmark::RegisterBenchmark(OursName(subject).c_str(), ours);
+bool Compare(const char* subject, Body ours, const std::vector<Peer>& peers, Clocked clocked) {
+  const auto add = [clocked](const std::string& name, Body body) {
+    benchmark::internal::Benchmark* const added = benchmark::RegisterBenchmark(name.c_str(), body);
+    if (clocked == Clocked::Elapsed) added->UseRealTime();
+  };
+  add(OursName(subject), ours);
   for (const Peer& peer : peers) {
     Rows().push_back({subject, peer});
-    if (peer.run) benchmark::RegisterBenchmark(PeerName(Rows().back()).c_str(), peer.run);
+    if (peer.run) add(PeerName(Rows().back()), peer.run);
   }
   return true;
 }

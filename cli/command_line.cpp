@@ -81,6 +81,7 @@ class CommandLine {
   void AddStruct();
   void AddUrl();
   Command& AddPane(const char* name, Text description, Run run);
+  void AddHttp();
   void AddSettings();
   void AddCommon(CLI::App& app);
   void AddReading(CLI::App& app);
@@ -88,6 +89,7 @@ class CommandLine {
   void AddChoice(CLI::App& app, const char* name, std::string& value, const std::vector<std::string>& words,
                  Text description);
   void AddFlag(CLI::App& app, const char* name, bool& value, Text description);
+  void AddText(CLI::App& app, const char* name, std::string& value, const char* type, Text description);
 
   Options& m_Options;
   CLI::App m_App;
@@ -114,6 +116,7 @@ CommandLine::CommandLine(Options& options) : m_Options(options), m_App(Say(Text:
   AddColor();
   AddStruct();
   AddUrl();
+  AddHttp();
   AddPane("rtf", Text::Rtf, RunRtf);
   AddFlag(*AddPane("html", Text::Html, RunHtml).app, "--fragment", m_Options.fragment, Text::OptionFragment);
   AddSettings();
@@ -241,6 +244,27 @@ Command& CommandLine::AddPane(const char* name, Text description, Run run) {
   return pane;
 }
 
+void CommandLine::AddHttp() {
+  Command& http = Add(m_App, "http", Text::Http, nullptr);
+  Command& get = Add(*http.app, "get", Text::HttpGet, RunHttpGet);
+  Command& post = Add(*http.app, "post", Text::HttpPost, RunHttpPost);
+  AddText(*post.app, "-d,--data", m_Options.data, "TEXT", Text::OptionData);
+  for (Command* command : {&get, &post}) {
+    CLI::App& app = *command->app;
+    const auto take = [this](const CLI::results_t& typed) {
+      std::transform(typed.begin(), typed.end(), std::back_inserter(m_Options.headers), Unshielded);
+      return true;
+    };
+    app.add_option("-H,--header", take, Say(Text::OptionHeader))->type_name("LINE")->expected(1)->take_all();
+    AddText(app, "--user", m_Options.user, "NAME:PASSWORD", Text::OptionUser);
+    AddText(app, "--timeout", m_Options.timeout, "N", Text::OptionTimeout);
+    AddText(app, "--ca", m_Options.authority, "FILE", Text::OptionAuthority);
+    AddText(app, "-o,--output", m_Options.output, "FILE", Text::OptionBody);
+    AddFlag(app, "-v,--verbose", m_Options.verbose, Text::OptionVerbose);
+    AddOperand(*command, "URL", Text::OperandUrl);
+  }
+}
+
 void CommandLine::AddSettings() {
   Command& settings = Add(m_App, "settings", Text::Settings, nullptr);
   const auto add = [&](const char* name, Text description, Run run) -> Command& {
@@ -316,6 +340,15 @@ void CommandLine::AddChoice(CLI::App& app, const char* name, std::string& value,
 
 void CommandLine::AddFlag(CLI::App& app, const char* name, bool& value, Text description) {
   app.add_flag(name, value, Say(description));
+}
+
+void CommandLine::AddText(CLI::App& app, const char* name, std::string& value, const char* type,
+                          Text description) {
+  const auto take = [&value](const CLI::results_t& typed) {
+    value = Unshielded(typed.back());
+    return true;
+  };
+  app.add_option(name, take, Say(description))->type_name(type)->take_last();
 }
 
 // What the parser found wrong, in the user's language.

@@ -27,6 +27,8 @@ int RunUrlEncode(const Options& options);
 int RunUrlDecode(const Options& options);
 int RunRtf(const Options& options);
 int RunHtml(const Options& options);
+int RunHttpGet(const Options& options);
+int RunHttpPost(const Options& options);
 int RunSettingsList(const Options& options);
 int RunSettingsGet(const Options& options);
 int RunSettingsSet(const Options& options);

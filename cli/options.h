@@ -7,7 +7,15 @@
 
 namespace Cli {
 
-enum ExitCode : int { kDone = 0, kNo = 1, kNotWritten = 1, kUsage = 2, kUnreadable = 3, kStore = 5 };
+enum ExitCode : int {
+  kDone = 0,
+  kNo = 1,
+  kNotWritten = 1,
+  kUsage = 2,
+  kUnreadable = 3,
+  kNetwork = 4,
+  kStore = 5
+};
 
 struct Options {
   std::string language;         // "en" or "ar"
@@ -19,6 +27,11 @@ struct Options {
   std::string type;             // of a setting, or empty for what its value suggests
   std::string seconds;          // to wait, or empty for ever
   std::string output;           // a file, or empty for the output
+  std::string user;             // "name:password", or empty
+  std::string timeout;          // milliseconds of each step, or empty for the client's own
+  std::string data;             // to send; "-" is the input
+  std::string authority;        // a file of certificates, or empty for the system's
+  std::vector<std::string> headers;
   std::vector<std::string> operands;
   bool hijri = false;
   bool both = false;
@@ -29,6 +42,7 @@ struct Options {
   bool once = false;
   bool reserved = false;
   bool fragment = false;
+  bool verbose = false;
 };
 
 }  // namespace Cli

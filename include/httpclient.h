@@ -118,8 +118,8 @@ class QEL_API HttpClient {
   // wait for one; 0 or less is no limit. 0, 60000, 30000 and 30000 at first. A server that goes on sending little by
   // little meets none of them: SetMaxContent and Cancel end that.
   void SetTimeouts(int resolve, int connect, int send, int receive);
-  // The certificates (PEM) that are trusted in place of the system's. Read with the next request, which raises when
-  // that fails.
+  // The certificates (PEM) that are trusted in place of the system's; empty are the system's again. Read with the next
+  // request, which raises when that fails, and which chooses the host anew.
   void SetAuthorityFile(const wchar_t* path);
   // The largest body in bytes; 0 for no limit. A larger one raises 12017 as soon as it is.
   void SetMaxContent(unsigned long long bytes);

@@ -218,6 +218,8 @@ bool HttpClient::Connect(const CString& host, WORD port) {
   if (m_AuthorityFileIsNew) {
     if (const DWORD code = TrustAuthorities(m_Session->Get(), m_AuthorityFile)) Raise(code);
     m_AuthorityFileIsNew = false;
+    if (m_Connection) m_Connection->Close();  // Windows trusts for connections that are named afterwards
+    m_Connection.reset();
   }
   if (m_Connection) return true;
   const HINTERNET connection = WinHttpConnect(m_Session->Get(), host, port, 0);

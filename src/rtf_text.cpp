@@ -45,11 +45,9 @@ template <char16_t First, char16_t Last>
 class Stretch {
  public:
   constexpr Stretch() {
-    for (unsigned byte = 0x80; byte < 256; ++byte) {
-      const std::size_t place =
-          cp1256::kUnitOfByte[byte] - std::size_t{First};  // huge for a unit before the first
-      if (place < m_Bytes.size()) m_Bytes[place] = static_cast<unsigned char>(byte);
-    }
+    for (unsigned byte = 0x80; byte < 256; ++byte)
+      if (const char16_t unit = cp1256::kUnitOfByte[byte]; Has(unit))
+        m_Bytes[std::size_t{unit} - First] = static_cast<unsigned char>(byte);
   }
   static constexpr bool Has(char32_t unit) { return unit >= First && unit <= Last; }
   constexpr unsigned operator[](char32_t unit) const { return m_Bytes[unit - First]; }

@@ -54,6 +54,10 @@ bool OutputPaints() {
   return isatty(STDOUT_FILENO) && terminal && std::string_view(terminal) != "dumb" && !(refused && *refused);
 }
 
+bool MessagesAreSeen() {
+  return isatty(STDERR_FILENO) != 0;
+}
+
 bool ReadInputLine(std::string& line) {
   if (!std::getline(std::cin, line)) return false;
   if (line.ends_with('\r')) line.pop_back();

@@ -27,6 +27,9 @@ bool WriteMessage(std::string_view text);
 // Whether the output is a terminal that paints what it is told to.
 bool OutputPaints();
 
+// Whether messages go to a terminal.
+bool MessagesAreSeen();
+
 // The next line of the input without its end ("\n" or "\r\n"); false when there is none.
 bool ReadInputLine(std::string& line);
 

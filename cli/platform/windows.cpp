@@ -108,6 +108,10 @@ bool OutputPaints() {
   return GetConsoleMode(output, &mode) && SetConsoleMode(output, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
 }
 
+bool MessagesAreSeen() {
+  return IsConsole(GetStdHandle(STD_ERROR_HANDLE));
+}
+
 bool ReadInputLine(std::string& line) {
   const HANDLE input = GetStdHandle(STD_INPUT_HANDLE);
   const bool read =
