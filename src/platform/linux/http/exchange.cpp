@@ -32,7 +32,12 @@ curl_off_t TimeOf(const Lane& lane, CURLINFO what) {
 
 Exchange::Exchange(Lane& lane, const Order& order, const Session::Settings& settings,
                    const std::atomic<bool>& cancelled)
-    : m_Lane(lane), m_Cancelled(cancelled), m_Deadline(settings.timeouts), m_WithBody(order.bodySize > 0) {
+    : m_Lane(lane),
+      m_Cancelled(cancelled),
+      m_Deadline(settings.timeouts),
+      m_WithBody(order.bodySize > 0),
+      m_Body(lane.body) {
+  m_Body.clear();
   SetUp(order, settings);
   if (Curl().multiAdd(lane.multi, lane.easy) != CURLM_OK) End(kHttpInternalError);
 }

@@ -22,7 +22,7 @@ struct Order {
 
 class Exchange {
  public:
-  // All must stay as long as the exchange. `cancelled` ends any step with 12017, after a wakeup of the lane.
+  // The lane and `cancelled` must stay as long as the exchange. `cancelled` ends any step with 12017, after a wakeup of the lane.
   Exchange(Lane& lane, const Order& order, const Session::Settings& settings,
            const std::atomic<bool>& cancelled);
   Exchange(const Exchange&) = delete;
@@ -81,7 +81,7 @@ class Exchange {
   bool m_Asked = false;   // libcurl wants more of our body
   bool m_Paused = false;  // in either direction
   bool m_DropBody = false;
-  std::vector<BYTE> m_Body;  // held, from m_Taken on
+  std::vector<BYTE>& m_Body;  // held, from m_Taken on
   std::size_t m_Taken = 0;
 };
 

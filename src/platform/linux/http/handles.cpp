@@ -50,6 +50,6 @@ std::shared_ptr<HttpObject> FindHttpObject(HINTERNET handle) {
 
 BOOL WinHttpCloseHandle(HINTERNET handle) {
   const std::shared_ptr<HttpObject> object = Take(handle);
-  if (object) object->Cancel();
+  if (object.use_count() > 1) object->Cancel();  // only a call under way has the other
   return Answer(object ? 0 : kInvalidHandle);
 }

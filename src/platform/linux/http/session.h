@@ -27,6 +27,7 @@ struct Lane {
 
   CURL* const easy;
   CURLM* const multi;
+  std::vector<BYTE> body;  // room for what is held of an answer
 };
 
 // Requests may come from several threads at once: each has a lane of its own, and what they share has locks.
