@@ -33,7 +33,7 @@ if(WIN32)
   # By its whole name, since hosts that take the compiler's libraries inside (-static) find no other.
   install_pc(QelCoreTypes "-l:libQelCoreTypes.dll.a -ldbgeng -lole32" ${flags} "")
   install_pc(QelCoreTypesStatic "\${libdir}/QelCoreTypesStrings.o -lQelCoreTypesStatic" "${flags} -DQEL_STATIC"
-    "-ldbgeng -lole32 -loleaut32 -lshell32 -lshlwapi -lwinhttp")
+    "-lcrypt32 -ldbgeng -lole32 -loleaut32 -lshell32 -lshlwapi -lwinhttp")
 else()
   set(flags -DBOOST_STACKTRACE_LINK)
   set(private "-licui18n -licuuc -lsqlite3 -lboost_stacktrace_backtrace")

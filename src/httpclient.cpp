@@ -309,7 +309,7 @@ DWORD HttpClient::ReceiveBody(void* request, const HttpSink& take) {
   for (;;) {
     DWORD available = 0;  // a query that fails leaves it alone
     const bool told = WinHttpQueryDataAvailable(request, &available) != 0;
-    const DWORD code = told ? 0 : ::GetLastError();
+    const DWORD code = told ? 0 : HttpError(request);
     CheckResult(1);  // unless it was cancelled meanwhile
     if (available == 0) return code;
     if (available > room) piece.reset(new char[room = available]);
@@ -323,14 +323,14 @@ DWORD HttpClient::ReceiveBody(void* request, const HttpSink& take) {
 
 // Remembers why. Always false.
 bool HttpClient::Failed() {
-  m_LastError = ::GetLastError();
+  m_LastError = HttpError(m_Call.request);
   return false;
 }
 
 // True, or raises what the system's last error says.
 bool HttpClient::CheckResult(int result) {
   if (result != 0 && !m_Call.cancelled) return true;
-  m_LastError = m_Call.cancelled ? kCancelled : ::GetLastError();
+  m_LastError = m_Call.cancelled ? kCancelled : HttpError(m_Call.request);
   throw Qel::Sys::Exceptions::MakeException<WinHttpException>(QEL_SOURCE, kCheckResult, kLineOfCheckResult,
                                                               m_LastError);
 }

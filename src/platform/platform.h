@@ -48,10 +48,13 @@ LONG ReadWholeFile(const wchar_t* path, std::vector<BYTE>& content, std::size_t 
 // By way of a new file beside it that takes its place: on failure what was there is as before.
 LONG WriteWholeFile(const wchar_t* path, const BYTE* data, std::size_t size);
 
-// Which authorities a session trusts instead of the system's: the certificates in this file (PEM). 0 or the code of
-// Windows: 2, 3, 5 the file cannot be read, 12175 it holds no certificate. A null or empty path: the system's again. It
-// counts for requests opened afterwards.
+// Which authorities a session of HTTP trusts instead of the system's: the certificates in this file (PEM); a null or
+// empty path: the system's again. It counts for connections named afterwards. 0 or the code of Windows: 2, 3, 5 the file
+// cannot be read, 6 no session, 12175 it holds no certificate.
 DWORD TrustAuthorities(void* session, const wchar_t* path);
+// The last error of a call of HTTP that has just failed with this request. Where it failed because the server's
+// certificate comes from none of those authorities, the last error becomes 12175 first.
+DWORD HttpError(void* request);
 
 // Lets the call that another thread is in with this request end as soon as the system allows: here at once, with 12017,
 // the handle being closed. On Windows, where a handle in use must not be closed, it ends by itself.

@@ -53,3 +53,7 @@ BOOL WinHttpCloseHandle(HINTERNET handle) {
   if (object.use_count() > 1) object->Cancel();  // only a call under way has the other
   return Answer(object ? 0 : kInvalidHandle);
 }
+
+DWORD HttpError(void*) {
+  return GetLastError();
+}
