@@ -40,6 +40,12 @@ else()
   install_pc(QelCoreTypes -lQelCoreTypes ${flags} "${private}")
   install_pc(QelCoreTypesStatic -lQelCoreTypesStatic "${flags} -DQEL_STATIC" "${private}")
 endif()
+# `cmake --install --strip` leaves archives as they are, and cpack too.
+install(CODE "if(CMAKE_INSTALL_DO_STRIP)
+  execute_process(COMMAND \"${CMAKE_STRIP}\" --strip-debug
+    \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_LIBDIR}/libQelCoreTypesStatic.a\"
+    COMMAND_ERROR_IS_FATAL ANY)
+endif()")
 if(QEL_CLI)
   install(TARGETS qel)
 endif()

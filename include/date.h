@@ -70,12 +70,12 @@ class QEL_API Date {
   operator double() const;
   double ToDATE() const noexcept;
 
-  // "year-month-day" with at least four, two and two digits: "2024-03-07".
   // Slot order is ABI.
  protected:
   virtual void AssertValid() const;  // raises what the constructor raises
 
  public:
+  // "year-month-day" with at least four, two and two digits: "2024-03-07".
   virtual CString ToString() const;
 
   // The value that stands for "no date": 1 January 1980.
