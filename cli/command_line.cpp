@@ -10,6 +10,7 @@
 #include "commands.h"
 #include "digits.h"
 #include "text.h"
+#include "text_file.h"
 
 namespace Cli {
 
@@ -79,6 +80,7 @@ class CommandLine {
   void AddHijri();
   void AddColor();
   void AddStruct();
+  void AddFile();
   void AddUrl();
   Command& AddPane(const char* name, Text description, Run run);
   void AddHttp();
@@ -115,6 +117,7 @@ CommandLine::CommandLine(Options& options) : m_Options(options), m_App(Say(Text:
   AddHijri();
   AddColor();
   AddStruct();
+  AddFile();
   AddUrl();
   AddHttp();
   AddPane("rtf", Text::Rtf, RunRtf);
@@ -222,6 +225,21 @@ void CommandLine::AddStruct() {
   Command& decode = Add(*record.app, "decode", Text::StructDecode, RunStructDecode);
   decode.app->add_option("--size", m_Options.size, Say(Text::OptionSize))->type_name("N")->take_last();
   AddOperand(decode, "TEXT", Text::OperandRecord, true);
+}
+
+void CommandLine::AddFile() {
+  Command& file = Add(m_App, "file", Text::File, nullptr);
+  AddOperand(Add(*file.app, "detect", Text::FileDetect, RunFileDetect), "FILE", Text::OperandFiles, true);
+  Command& cat = Add(*file.app, "cat", Text::FileCat, RunFileCat);
+  Command& convert = Add(*file.app, "convert", Text::FileConvert, RunFileConvert);
+  for (Command* command : {&cat, &convert}) {
+    AddChoice(*command->app, "--from", m_Options.from, EncodingNames(), Text::OptionFrom);
+    AddOperand(*command, "FILE", Text::OperandFiles, true);
+  }
+  AddChoice(*convert.app, "--to", m_Options.to, EncodingNames(), Text::OptionTo);
+  convert.app->add_option("-o,--output", m_Options.output, Say(Text::OptionConverted))
+      ->type_name("FILE")
+      ->take_last();
 }
 
 void CommandLine::AddUrl() {

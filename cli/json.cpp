@@ -42,6 +42,11 @@ JsonObject& JsonObject::Add(std::string_view key, int number) {
   return *this;
 }
 
+JsonObject& JsonObject::Add(std::string_view key, std::int64_t number) {
+  AddRaw(key, Written(number));
+  return *this;
+}
+
 JsonObject& JsonObject::Add(std::string_view key, bool truth) {
   AddRaw(key, truth ? "true" : "false");
   return *this;

@@ -6,6 +6,7 @@
 #define QEL_CLI_JSON_H
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,7 @@ class JsonObject {
   JsonObject& Add(std::string_view key, std::string_view text);
   JsonObject& Add(std::string_view key, const char* text) { return Add(key, std::string_view(text)); }
   JsonObject& Add(std::string_view key, int number);
+  JsonObject& Add(std::string_view key, std::int64_t number);
   JsonObject& Add(std::string_view key, bool truth);
   // With as many digits as it takes to read the same double back; null for what is no number.
   JsonObject& Add(std::string_view key, double number);

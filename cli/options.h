@@ -25,6 +25,8 @@ struct Options {
   std::string swatch = "auto";  // or "always", "never"
   std::string size;             // bytes of a record, or empty
   std::string type;             // of a setting, or empty for what its value suggests
+  std::string from;             // an encoding, or empty for what files say or look like
+  std::string to = "utf-8";     // an encoding
   std::string seconds;          // to wait, or empty for ever
   std::string output;           // a file, or empty for the output
   std::string user;             // "name:password", or empty

@@ -79,9 +79,10 @@ std::string StatusText(long status) {
   const struct {
     long status;
     Text text;
-  } known[] = {{kMissing, Text::StatusNoFile},      {3, Text::StatusNoFolder},   {5, Text::StatusNoRight},
-               {kBadArgument, Text::StatusBadName}, {112, Text::StatusDiskFull}, {170, Text::StatusLocked},
-               {1016, Text::StatusBroken}};
+  } known[] = {
+      {kMissing, Text::StatusNoFile}, {3, Text::StatusNoFolder},           {5, Text::StatusNoRight},
+      {32, Text::StatusShared},       {kBadArgument, Text::StatusBadName}, {112, Text::StatusDiskFull},
+      {170, Text::StatusLocked},      {1016, Text::StatusBroken}};
   for (const auto& row : known)
     if (row.status == status) return Say(row.text);
   return Say(Text::StatusOther, {std::to_string(status)});

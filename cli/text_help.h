@@ -35,6 +35,18 @@ constexpr TextEntry kHelpTexts[] = {
      "تحويل السجلات الثنائية إلى نص مخزن وبالعكس"},
     {Text::StructEncode, "Show the text of bytes", "عرض نص البايتات"},
     {Text::StructDecode, "Show the bytes of a text", "عرض بايتات النص"},
+    {Text::File, "Tell the encoding of text files, show them, and write them in another",
+     "معرفة ترميز الملفات النصية وعرضها وكتابتها بترميز آخر"},
+    {Text::FileDetect, "Show how files are encoded: by their signature, else as their bytes look",
+     "عرض ترميز الملفات: من توقيعها، وإلا فمما تبدو عليه بايتاتها"},
+    {Text::FileCat, "Show the text of files", "عرض نص الملفات"},
+    {Text::FileConvert,
+     "Write the text of files in another encoding; several become one text. UTF-16 gets its signature, UTF-8 "
+     "keeps "
+     "that of the first file; line ends stay as they are",
+     "كتابة نص الملفات بترميز آخر، والملفات المتعددة تصير نصا واحدا. يضاف إلى UTF-16 توقيعه، ويبقى توقيع "
+     "الملف "
+     "الأول في UTF-8، ونهايات الأسطر كما هي"},
     {Text::Url, "Split web addresses, and write text as it stands in them",
      "تقسيم عناوين الوب وكتابة النص كما يرد فيها"},
     {Text::UrlSplit, "Show the parts of addresses", "عرض أجزاء العناوين"},
@@ -100,6 +112,19 @@ constexpr TextEntry kHelpTexts[] = {
     {Text::OptionSwatch, "Paint each colour: always, never, or only on a terminal (auto, the default)",
      "تلوين خانة لكل لون: دائما always أو أبدا never أو على الشاشة فقط auto وهو المفترض"},
     {Text::OptionSize, "Only texts of records of N bytes", "نصوص السجلات التي طولها N بايت فقط"},
+    {Text::OptionFrom,
+     "How the files are encoded; otherwise the signature tells, and without one it is utf-8 when the bytes "
+     "are, else "
+     "1256",
+     "ترميز الملفات، وإلا فمن التوقيع، ومن دونه utf-8 إن صحت به البايتات وإلا 1256"},
+    {Text::OptionTo, "How to encode the text; otherwise utf-8", "الترميز المطلوب، وإلا فهو utf-8"},
+    {Text::OptionConverted,
+     "The file to write, once all is read; it may be one of those that are read. Nothing is written when a "
+     "file "
+     "cannot be read, nor over a file that does not decode without loss",
+     "الملف المكتوب بعد قراءة الكل، ويجوز أن يكون من الملفات المقروءة. ولا يكتب شيء إن تعذرت قراءة ملف، ولا "
+     "فوق "
+     "ملف لا يفك ترميزه دون فقد"},
     {Text::OptionReserved,
      "Also for what means something in an address, such as & and =", "وكذلك لما له معنى في العنوان مثل & و="},
     {Text::OptionOutput, "Write to this file", "الكتابة في هذا الملف"},
@@ -151,6 +176,7 @@ constexpr TextEntry kHelpTexts[] = {
      "بايتات، كل منها رقمان ستة عشريان، أو - لقراءتها من كل سطر من الدخل"},
     {Text::OperandRecord, "Texts such as 000201AB, or - to read one from each line of the input",
      "نصوص مثل 000201AB، أو - لقراءة نص من كل سطر من الدخل"},
+    {Text::OperandFiles, "Text files", "ملفات نصية"},
     {Text::OperandUrls,
      "Addresses such as https://example.com/path?x=1, or - to read one from each line of the input",
      "عناوين مثل https://example.com/path?x=1، أو - لقراءة عنوان من كل سطر من الدخل"},
@@ -176,9 +202,11 @@ constexpr TextEntry kHelpTexts[] = {
     {Text::Command, "COMMAND", "أمر"},
 
     {Text::ExitCodes,
-     "Exit codes: 0 done, 1 not there or the output was lost, 2 a wrong command line, 3 a text that could "
-     "not be read, 4 the network, 5 the settings' store",
-     "رموز الخروج: 0 تم، 1 غير موجود أو ضاع الناتج، 2 سطر أوامر خاطئ، 3 نص لا يقرأ، 4 الشبكة، 5 مخزن "
+     "Exit codes: 0 done, 1 not there, or characters or the output were lost, 2 a wrong command line, 3 a "
+     "text or "
+     "file that could not be read, 4 the network, 5 the settings' store",
+     "رموز الخروج: 0 تم، 1 غير موجود أو ضاعت أحرف أو ضاع الناتج، 2 سطر أوامر خاطئ، 3 نص أو ملف لا يقرأ، 4 "
+     "الشبكة، 5 مخزن "
      "الإعدادات"},
 };
 

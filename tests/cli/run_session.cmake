@@ -8,6 +8,8 @@
 #   < line     given to its input          ! line     expected on the message stream
 #   # line     a remark                    ? number   the expected exit code (0 when there is none)
 #   ~ regex    expected on the output, alone, in place of literal lines
+#   %% name bytes   a file that is there before, as printf writes it
+#   == name bytes   one that must be there afterwards, with this content
 #   @ name=... a variable of its surroundings, "<here>" standing for the folder of the session
 #   any other  expected on the output
 # With ADDRESSES, lines "name=value", each "<name>" in the session stands for the value.
@@ -21,13 +23,25 @@ set(ENV{LC_ALL} C.UTF-8)  # English unless a command asks, and arguments that ar
 set(passed 0)
 set(failed 0)
 
+# Adds to the messages the files that have another content than the session says.
+macro(compare_files)
+  foreach(name IN LISTS case_files)
+    execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files "${WORK}/${name}" "${WORK}/expected-${name}"
+      RESULT_VARIABLE differs OUTPUT_QUIET ERROR_QUIET)
+    if(differs)
+      string(APPEND messages "${name} has another content\n")
+    endif()
+  endforeach()
+endmacro()
+
 # Runs the command read last, when there is one, and makes ready for the next.
 macro(finish_case)
   if(DEFINED command)
     separate_arguments(arguments UNIX_COMMAND "${command}")
     file(WRITE "${WORK}/input" "${case_input}")
     execute_process(COMMAND ${CMAKE_COMMAND} -E env ${case_surroundings} ${EMULATOR} ${QEL} ${arguments}
-      ${place} INPUT_FILE "${WORK}/input" OUTPUT_FILE "${WORK}/output" ERROR_FILE "${WORK}/messages" RESULT_VARIABLE exit)
+      WORKING_DIRECTORY "${WORK}" INPUT_FILE "${WORK}/input" OUTPUT_FILE "${WORK}/output"
+      ERROR_FILE "${WORK}/messages" RESULT_VARIABLE exit)
     file(READ "${WORK}/output" output)
     file(READ "${WORK}/messages" messages)
     if(MARKDOWN)
@@ -38,6 +52,7 @@ macro(finish_case)
     if(NOT case_pattern STREQUAL "" AND output MATCHES "${case_pattern}")
       set(case_output "${output}")
     endif()
+    compare_files()
     if(output STREQUAL case_output AND messages STREQUAL case_messages AND exit STREQUAL case_exit)
       math(EXPR passed "${passed} + 1")
     else()
@@ -48,7 +63,7 @@ macro(finish_case)
     endif()
     unset(command)
   endif()
-  foreach(part input surroundings output messages pattern)
+  foreach(part input surroundings files output messages pattern)
     set(case_${part} "")
   endforeach()
   set(case_exit 0)
@@ -57,11 +72,11 @@ endmacro()
 get_filename_component(WORK "${SESSION}" NAME)
 get_filename_component(HERE "${SESSION}" DIRECTORY)
 set(WORK "${CMAKE_CURRENT_BINARY_DIR}/qel_session_${WORK}")
-if(MARKDOWN)
-  set(place WORKING_DIRECTORY "${HERE}")  # it names the files of its folder
-endif()
 file(REMOVE_RECURSE "${WORK}")
 file(MAKE_DIRECTORY "${WORK}")
+if(MARKDOWN)
+  file(COPY "${HERE}/examples" DESTINATION "${WORK}")  # it names them
+endif()
 # Settings are the session's own. Emulated programs share a registry of the tests, which is emptied of them.
 set(ENV{QEL_REGISTRY_DIR} "${WORK}/registry")
 if(SETTINGS AND EMULATOR)
@@ -104,6 +119,13 @@ while(NOT text STREQUAL "")
     string(APPEND case_input "${value}\n")
   elseif(mark STREQUAL "! ")
     string(APPEND case_messages "${value}\n")
+  elseif(line MATCHES "^(%%|==) ([^ ]+) ?(.*)$")
+    set(file "${CMAKE_MATCH_2}")
+    if(CMAKE_MATCH_1 STREQUAL "==")
+      list(APPEND case_files "${file}")
+      set(file "expected-${file}")
+    endif()
+    execute_process(COMMAND printf "${CMAKE_MATCH_3}" OUTPUT_FILE "${WORK}/${file}" COMMAND_ERROR_IS_FATAL ANY)
   elseif(mark STREQUAL "@ ")
     string(REPLACE "<here>" "${HERE}" value "${value}")
     list(APPEND case_surroundings "${value}")
