@@ -61,10 +61,11 @@ Units UnitsOf(char32_t character) {
 TEncodedCharacter EncodeUnits(char32_t character, bool bigEndian) {
   const Units text = UnitsOf(character);
   TEncodedCharacter encoded{{}, 2 * text.count, true};
+  char* out = encoded.bytes;
   for (int i = 0; i < text.count; ++i) {
     const auto unit = static_cast<char16_t>(text.units[i]);
-    encoded.bytes[2 * i] = static_cast<char>(bigEndian ? unit >> 8 : unit);
-    encoded.bytes[2 * i + 1] = static_cast<char>(bigEndian ? unit : unit >> 8);
+    *out++ = static_cast<char>(bigEndian ? unit >> 8 : unit);
+    *out++ = static_cast<char>(bigEndian ? unit : unit >> 8);
   }
   return encoded;
 }
