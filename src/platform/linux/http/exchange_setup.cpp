@@ -36,7 +36,6 @@ void Exchange::SetUp(const Order& order, const Session::Settings& settings) {
   set(easy, CURLOPT_PATH_AS_IS, 1L);
   set(easy, CURLOPT_HTTP_VERSION, long{CURL_HTTP_VERSION_1_1});
   set(easy, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
-  set(easy, CURLOPT_COOKIEFILE, "");  // kept in memory
   set(easy, CURLOPT_CONNECTTIMEOUT_MS, ConnectLimit(settings.timeouts));
   set(easy, CURLOPT_BUFFERSIZE, kReadAtOnce);
   set(easy, CURLOPT_ERRORBUFFER, m_Message);

@@ -16,6 +16,14 @@ std::string OneLine(const wchar_t* text) {
   return std::string(TakeLine(rest));
 }
 
+// Names a file that there is none of, has it read and names it no more. To name it for each request would leave its
+// memory behind at each.
+void TurnCookiesOn(CURL* easy) {
+  Curl().easySet(easy, CURLOPT_COOKIEFILE, "");
+  Curl().easySet(easy, CURLOPT_COOKIELIST, "RELOAD");
+  Curl().easySet(easy, CURLOPT_COOKIEFILE, nullptr);
+}
+
 }  // namespace
 
 Session::Session(const wchar_t* agent) : m_Agent(OneLine(agent)) {}
@@ -50,6 +58,7 @@ std::unique_ptr<Lane> Session::TakeLane() {
   if (!m_Share) MakeShare();
   auto lane = std::make_unique<Lane>();
   if (!lane->easy || !lane->multi) return nullptr;
+  TurnCookiesOn(lane->easy);
   Curl().easySet(lane->easy, CURLOPT_SHARE, m_Share);
   return lane;
 }
