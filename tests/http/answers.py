@@ -49,6 +49,7 @@ RAW = {
     "lenneg": (b"HTTP/1.1 200 OK\r\nContent-Length: -5\r\n\r\nhello", END),
     "lentext": (b"HTTP/1.1 200 OK\r\nContent-Length: abc\r\n\r\nhello", END),
     "lenhuge": (b"HTTP/1.1 200 OK\r\nContent-Length: 99999999999999999999\r\n\r\nhello", END),
+    "lenlong": (b"HTTP/1.1 200 OK\r\nContent-Length: 1000000000000000000\r\n\r\nhello", END),
     "lensmall": (b"HTTP/1.1 200 OK\r\nContent-Length: 3\r\n\r\nhello", False),
     "dup": (reply(b"hi", headers=[b"Set-Cookie: a=1", b"X-D: 1", b"Set-Cookie: b=2; Path=/", b"X-D: 2"]), False),
     "case": (reply(b"hi", headers=[b"x-lower: v", b"X-UPPER:nospace", b"X-Trail: v  ", b"X-Empty:",
@@ -186,9 +187,9 @@ def manyhdr(x):
 
 @answer
 def endlesshdr(x):
-    x.send(b"HTTP/1.1 200 OK\r\n")
-    while True:
-        x.send(b"X-Endless: v\r\n" * 1000)
+    """Without end for whoever takes no 4 MB of it."""
+    x.send(b"HTTP/1.1 200 OK\r\n" + b"X-Endless: value\r\n" * 233017)
+    return END
 
 
 @answer

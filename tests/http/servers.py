@@ -67,6 +67,8 @@ class Connection:
             if not data:
                 return False
             self.buffer += data
+            if self.buffer.startswith(b"\x16"):
+                return False  # TLS
         return True
 
     def answer_next(self):
@@ -122,7 +124,8 @@ def bound_socket():
 
 
 def address(bound, scheme="http"):
-    return f"{scheme}://127.0.0.1:{bound.getsockname()[1]}"
+    host = "127.0.0.1" if scheme == "http" else "localhost"  # Wine finds no addresses in certificates
+    return f"{scheme}://{host}:{bound.getsockname()[1]}"
 
 
 def listen(tls=None):
@@ -164,6 +167,7 @@ def open_all(folder):
     """Starts everything; the addresses by name."""
     authority.make_certificates(folder)
     addresses = {"http": listen(), "refusing": refusing(), "unanswering": unanswering()}
+    addresses["tls_to_plain"] = addresses["http"].replace("http", "https")
     for name in authority.CERTIFICATES:
         addresses["https_" + name] = listen(tls_of(folder, name))
     for name in ("authority", "other_authority"):
