@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr std::int64_t kNoLimit = 3600 * 1000;  // as good as none for one look at the network
+constexpr std::int64_t kNoLimit = 3600000;  // as good as none for one look at the network
 
 }  // namespace
 

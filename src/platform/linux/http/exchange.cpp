@@ -8,8 +8,8 @@
 namespace {
 
 // What is held of a body at most, and what of one that nobody wants is read to keep its connection.
-constexpr std::size_t kMostHeld = 256 * 1024;
-constexpr std::size_t kMostDropped = 64 * 1024;
+constexpr std::size_t kMostHeld = 262144;
+constexpr std::size_t kMostDropped = 65536;
 
 // How many bytes at the end are the beginning of a character of UTF-8.
 std::size_t UnfinishedTail(const BYTE* data, std::size_t size) {

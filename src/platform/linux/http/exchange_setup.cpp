@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr long kReadAtOnce = 64 * 1024;
+constexpr long kReadAtOnce = 65536;
 
 bool HasHeader(const std::vector<std::string>& lines, std::string_view name) {
   for (const std::string& line : lines)
@@ -13,7 +13,8 @@ bool HasHeader(const std::vector<std::string>& lines, std::string_view name) {
   return false;
 }
 
-// Of the system's resolver is known that it gives up by itself.
+// libcurl's own limit, for both together, so that it goes on to a host's next address in time. A search without a
+// limit ends by itself.
 long ConnectLimit(const Timeouts& timeouts) {
   const long limit = long{timeouts.connect} + timeouts.resolve;
   return timeouts.connect == 0 || limit > INT_MAX ? INT_MAX : limit;

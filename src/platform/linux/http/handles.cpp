@@ -26,8 +26,8 @@ std::uint64_t Number(HINTERNET handle) {
 // Null when there is no such handle.
 std::shared_ptr<HttpObject> Take(HINTERNET handle) {
   const std::lock_guard lock(s_Lock);
-  std::shared_ptr<HttpObject>* const found = Table().Find(Number(handle));
-  std::shared_ptr<HttpObject> object = found ? *found : nullptr;
+  std::shared_ptr<HttpObject> object;
+  if (const auto* const found = Table().Find(Number(handle))) object = *found;
   Table().Remove(Number(handle));
   return object;
 }
