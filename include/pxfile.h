@@ -99,7 +99,6 @@ class QEL_API TPXFile {
   int WriteText(const wchar_t* text, std::size_t units);
   bool FillAhead();
   void GiveBackAhead() const;
-  std::int64_t AheadBytes() const noexcept;
 
   HANDLE m_Handle;
   wchar_t m_FileName[kNameRoom] = L"";

@@ -48,6 +48,9 @@ class QEL_API CString {
   CString& operator+=(const CString& text);
   CString& operator+=(const wchar_t* text);
   CString& operator+=(wchar_t ch);
+  // Makes the text `count` units longer, for the caller to write them at once: they are where the result points to
+  // until the next change. For readers that decode into place.
+  wchar_t* Extend(int count);
 
   // By unit value, and the same without regard to case (the order of pxCompStrI). Null compares as empty.
   int Compare(const wchar_t* other) const noexcept;

@@ -63,6 +63,12 @@ CString& CString::operator+=(wchar_t ch) {
   return *this;
 }
 
+wchar_t* CString::Extend(int count) {
+  const std::size_t length = m_Text.size();
+  m_Text.resize(length + static_cast<std::size_t>(std::max(count, 0)));
+  return m_Text.data() + length;
+}
+
 int CString::Compare(const wchar_t* other) const noexcept {
   const int order = m_Text.compare(OrEmpty(other));
   return (order > 0) - (order < 0);
@@ -140,14 +146,16 @@ CString CString::Mid(int first, int count) const {
 }
 
 CString CString::Tokenize(const wchar_t* separators, int& start) const {
-  const std::wstring_view set = OrEmpty(separators);
-  const std::size_t first =
-      start < 0 ? std::wstring::npos : m_Text.find_first_not_of(set, static_cast<std::size_t>(start));
-  if (first == std::wstring::npos) {
-    start = -1;
-    return {};
-  }
-  const std::size_t last = std::min(m_Text.find_first_of(set, first), m_Text.size());
-  start = static_cast<int>(last) + 1;
-  return CString(m_Text.substr(first, last - first));
+  const std::wstring_view set = OrEmpty(separators), text = m_Text;
+  // The set is short: to look through it here is faster than a search in the library for every unit.
+  const auto separates = [set](wchar_t ch) {
+    for (const wchar_t each : set)
+      if (each == ch) return true;
+    return false;
+  };
+  const std::size_t from = start < 0 ? text.size() : std::min(static_cast<std::size_t>(start), text.size());
+  const auto* const first = std::find_if_not(text.data() + from, text.data() + text.size(), separates);
+  const auto* const last = std::find_if(first, text.data() + text.size(), separates);
+  start = first == last ? -1 : static_cast<int>(last - text.data()) + 1;
+  return CString(std::wstring_view(first, static_cast<std::size_t>(last - first)));
 }

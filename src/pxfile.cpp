@@ -4,7 +4,6 @@
 #include <array>
 #include <cstring>
 #include <cwchar>
-#include <string>
 #include <string_view>
 
 #include "exceptions.h"
@@ -40,8 +39,9 @@ const Opening& OpeningOf(TFileAccessMode mode) {
 
 // What of the file has been read from the system and not been asked for yet.
 struct TPXFile::Ahead {
+  std::size_t Size() const { return end - begin; }
   std::size_t begin = 0, end = 0;
-  std::array<BYTE, 65536> bytes;
+  std::array<BYTE, 32768> bytes;
 };
 
 TPXFile::TPXFile() noexcept : m_Handle(INVALID_HANDLE_VALUE) {}
@@ -189,7 +189,7 @@ int TPXFile::GetPos() {
   QEL_REQUIRE_OPEN();
   LARGE_INTEGER none{}, position{};
   if (!Done(SetFilePointerEx(m_Handle, none, &position, 1) != 0)) return -1;
-  return static_cast<int>(position.QuadPart - AheadBytes());
+  return static_cast<int>(position.QuadPart) - (m_Ahead ? static_cast<int>(m_Ahead->Size()) : 0);
 }
 
 bool TPXFile::Move(std::int64_t offset, int origin, std::int64_t& position) {
@@ -214,15 +214,11 @@ DWORD TPXFile::GetAttributes() const {
   return GetFileAttributesW(m_FileName);
 }
 
-std::int64_t TPXFile::AheadBytes() const noexcept {
-  return m_Ahead ? static_cast<std::int64_t>(m_Ahead->end - m_Ahead->begin) : 0;
-}
-
 // Puts the handle's position back to ours.
 void TPXFile::GiveBackAhead() const {
-  if (AheadBytes() == 0) return;
+  if (!m_Ahead || m_Ahead->Size() == 0) return;
   LARGE_INTEGER back{};
-  back.QuadPart = -AheadBytes();
+  back.QuadPart = -static_cast<std::int64_t>(m_Ahead->Size());
   SetFilePointerEx(m_Handle, back, nullptr, 1);
   m_Ahead->begin = m_Ahead->end = 0;
 }
@@ -230,10 +226,10 @@ void TPXFile::GiveBackAhead() const {
 // Whether a unit is there; false at the end and for what cannot be read.
 bool TPXFile::FillAhead() {
   constexpr DWORD kSeenBlock = 1024;  // most of it is given back after every line
-  if (!m_Ahead) m_Ahead = std::make_unique<Ahead>();
+  if (!m_Ahead) m_Ahead = std::make_unique_for_overwrite<Ahead>();
   Ahead& ahead = *m_Ahead;
-  while (AheadBytes() < 2) {
-    const auto left = static_cast<std::size_t>(AheadBytes());
+  while (ahead.Size() < 2) {
+    const std::size_t left = ahead.Size();
     if (left) ahead.bytes[0] = ahead.bytes[ahead.begin];
     ahead.begin = 0;
     ahead.end = left;
@@ -254,12 +250,10 @@ bool TPXFile::FillAhead() {
 int TPXFile::ReadLine(CString& line) {
   line.Empty();
   QEL_REQUIRE_OPEN();
-  std::wstring text;
-  for (bool ended = false; !ended && FillAhead();) {
+  for (bool ended = false; !ended && ((m_Ahead && m_Ahead->Size() >= 2) || FillAhead());) {
     Ahead& ahead = *m_Ahead;
-    ahead.begin += TakeLine(ahead.bytes.data() + ahead.begin, ahead.end - ahead.begin, text, ended);
+    ahead.begin += TakeLine(ahead.bytes.data() + ahead.begin, ahead.Size(), line, ended);
   }
   if (m_IsSeen) GiveBackAhead();
-  line = CString(std::move(text));
   return line.GetLength();
 }

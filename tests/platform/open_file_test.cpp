@@ -78,9 +78,9 @@ HANDLE Open(const wchar_t* name, const Opening& how) {
 std::string Outcome(const wchar_t* name, const Opening& how) {
   const HANDLE file = Open(name, how);
   const DWORD code = GetLastError();
-  if (file == INVALID_HANDLE_VALUE) return "0 " + std::to_string(code);
+  if (file == INVALID_HANDLE_VALUE) return std::string("0 ").append(std::to_string(code));
   CloseHandle(file);
-  return "1 " + std::to_string(code);
+  return std::string("1 ").append(std::to_string(code));
 }
 
 // As recorded: "mode 2", "read share 3" or "access 0 share 0".
@@ -103,7 +103,7 @@ std::string Recorded(std::int64_t result, const std::string& output) {
 }
 
 std::string Transferred(DWORD count) {
-  return "n=" + std::to_string(count);
+  return std::string("n=").append(std::to_string(count));
 }
 
 // One recorded call on the handle, as "ReadFile 2".
@@ -161,7 +161,8 @@ TEST_F(OpenFileTest, NamesFilesAsWindowsDoes) {
     SetLastError(0xDEAD);
     std::ostringstream answer;
     answer << std::hex << std::uppercase << GetFileAttributesW(name ? name->c_str() : nullptr) << std::dec;
-    answer << (GetLastError() == 0xDEAD ? " -" : " " + std::to_string(GetLastError()));
+    answer << (GetLastError() == 0xDEAD ? std::string(" -")
+                                        : std::string(" ").append(std::to_string(GetLastError())));
     ExpectAnswer(row, answer.str());
   }
 }
