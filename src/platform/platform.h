@@ -48,6 +48,11 @@ LONG ReadWholeFile(const wchar_t* path, std::vector<BYTE>& content, std::size_t 
 // By way of a new file beside it that takes its place: on failure what was there is as before.
 LONG WriteWholeFile(const wchar_t* path, const BYTE* data, std::size_t size);
 
+// The names of the files directly in a folder, in no order, without its folders; none when it cannot be read.
+std::vector<std::wstring> FileNamesIn(const wchar_t* folder);
+// Makes the folder, with those above it that are missing, for the user alone. Whether it is there now.
+bool MakePrivateFolder(const wchar_t* path);
+
 // Which authorities a session of HTTP trusts instead of the system's: the certificates in this file (PEM); a null or
 // empty path: the system's again. It counts for connections named afterwards. 0 or the code of Windows: 2, 3, 5 the file
 // cannot be read, 6 no session, 12175 it holds no certificate.
@@ -80,6 +85,8 @@ constexpr wchar_t kPathSeparator = L'/';
 
 // Clock. Fills the record with the local time of one instant.
 void GetLocalTime(SYSTEMTIME* time);
+// The same in UTC.
+void GetSystemTime(SYSTEMTIME* time);
 
 // OLE automation dates: days since 30 December 1899, the fraction is the time of day, away from day 0 for
 // earlier days too (-1.25 is 29 December, 06:00). Result: 1, or 0 with nothing written.
@@ -139,6 +146,17 @@ int lstrcmpW(const wchar_t* a, const wchar_t* b);
 constexpr DWORD MAX_COMPUTERNAME_LENGTH = 15;
 BOOL GetComputerNameW(wchar_t* buffer, DWORD* size);
 
+// The running program's file; `module` is null. Result: the length without terminator; `size`, with the last error 122
+// and a text cut to what fits, terminator included, when the room does not do.
+DWORD GetModuleFileNameW(HMODULE module, wchar_t* path, DWORD size);
+// The name of the user who runs the program. `*size` is the room in units and becomes the length, both with
+// terminator. Fails with 122 when the room does not do, `*size` becoming what is needed.
+BOOL GetUserNameW(wchar_t* buffer, DWORD* size);
+// A random GUID, of version 4. Result: 0, or below it when the system has no randomness.
+HRESULT CoCreateGuid(GUID* guid);
+// To the debugger; here to the error stream.
+void OutputDebugStringW(const wchar_t* text);
+
 // Resources. A string table is of type 6; its blocks of sixteen texts are named id / 16 + 1. Type and name
 // are numbers in the place of pointers. Asked for a language, the block of exactly that one answers, else
 // that of its main language (the low ten bits), else the one without a language (0). Asked for 0 or 1024,
@@ -196,7 +214,7 @@ BOOL CreateDirectoryW(const wchar_t* path, const void* security);
 
 // Open files. Between users of the library one file is shared as the system shares it: readers that let others read
 // may be together, everybody else is alone (32). Two things are not as on Windows: writers that let each other write
-// are alone too, and nothing stands in the way of removing or moving an open file.
+// are alone too, and nothing stands in the way of removing an open file.
 // A failure leaves its code as the last error; besides those above: 5 a folder, a read-only file, or a handle that was
 // not opened for this, 6 no open handle, 32 somebody has it open, 80 CREATE_NEW of what is there, 87 no disposition or
 // origin, 123 a file with "\" behind its name, 131 before the start. CREATE_ALWAYS and OPEN_ALWAYS of what is there
@@ -224,6 +242,8 @@ union LARGE_INTEGER {
   std::int64_t QuadPart;
 };
 BOOL SetFilePointerEx(HANDLE file, LARGE_INTEGER distance, LARGE_INTEGER* position, DWORD origin);
+// The file ends at the handle's position from now on.
+BOOL SetEndOfFile(HANDLE file);
 struct BY_HANDLE_FILE_INFORMATION {
   DWORD dwFileAttributes;
   DWORD nFileSizeHigh, nFileSizeLow;
@@ -238,12 +258,19 @@ BOOL DuplicateHandle(HANDLE fromProcess, HANDLE file, HANDLE toProcess, HANDLE* 
 // What GetCurrentProcess gives may be closed too; nothing happens.
 BOOL CloseHandle(HANDLE file);
 
-// The shell. A folder by its number, as a list for CoTaskMemFree. Known is 5 alone, the user's documents: the
-// desktop's choice for them ($XDG_CONFIG_HOME/user-dirs.dirs), else "Documents" in the user's home, be it there or
-// not. Result: 0; below it when the user has no home, and for other numbers (0x80070057), *list being null.
+// Gives a file another name on the same volume, never that of another (183), and never while somebody has it open
+// (32).
+BOOL MoveFileW(const wchar_t* from, const wchar_t* to);
+BOOL DeleteFileW(const wchar_t* path);
+
+// The shell. A folder by its number, be it there or not, as a list for CoTaskMemFree. Known are 5, the user's
+// documents: the desktop's choice for them ($XDG_CONFIG_HOME/user-dirs.dirs), else "Documents" in the user's home; and
+// 28, what programs keep for themselves: $XDG_STATE_HOME, else ".local/state" in the home. Result: 0; below it when
+// the user has no home, and for other numbers (0x80070057), *list being null.
 struct ITEMIDLIST;
 using LPITEMIDLIST = ITEMIDLIST*;
 constexpr int CSIDL_PERSONAL = 5;
+constexpr int CSIDL_LOCAL_APPDATA = 28;
 HRESULT SHGetSpecialFolderLocation(void* window, int folder, LPITEMIDLIST* list);
 // The folder's path as the system writes it, into room for 260 units. Result: 1, or 0 with an empty path for null
 // and for a path longer than that.

@@ -15,3 +15,16 @@ void GetLocalTime(SYSTEMTIME* time) {
            word(local.tm_hour),        word(local.tm_min),
            word(local.tm_sec),         word(duration_cast<milliseconds>(now).count() % 1000)};
 }
+
+void GetSystemTime(SYSTEMTIME* time) {
+  using namespace std::chrono;
+  const auto now = floor<milliseconds>(system_clock::now());
+  const auto day = floor<days>(now);
+  const year_month_day date(day);
+  const hh_mm_ss clock(now - day);
+  const auto word = [](auto value) { return static_cast<WORD>(value); };
+  *time = {word(static_cast<int>(date.year())), word(static_cast<unsigned>(date.month())),
+           word(weekday(day).c_encoding()),     word(static_cast<unsigned>(date.day())),
+           word(clock.hours().count()),         word(clock.minutes().count()),
+           word(clock.seconds().count()),       word(clock.subseconds().count())};
+}

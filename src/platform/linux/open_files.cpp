@@ -173,6 +173,13 @@ BOOL SetFilePointerEx(HANDLE handle, LARGE_INTEGER distance, LARGE_INTEGER* posi
   return 1;
 }
 
+BOOL SetEndOfFile(HANDLE handle) {
+  const File file = Find(handle, GENERIC_WRITE);
+  if (!file) return 0;
+  const off_t end = lseek(file->Number(), 0, SEEK_CUR);
+  return end >= 0 && ftruncate(file->Number(), end) == 0 ? 1 : Fail(CodeOfError(errno), 0);
+}
+
 BOOL GetFileInformationByHandle(HANDLE handle, BY_HANDLE_FILE_INFORMATION* information) {
   const File file = Find(handle, 0);
   if (!file) return 0;

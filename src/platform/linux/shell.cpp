@@ -45,6 +45,14 @@ std::string DocumentsOfDesktop(const std::string& home) {
   return folder;
 }
 
+// Empty without a home.
+std::string Documents() {
+  const std::string home = HomeFolder();
+  std::string folder = home.empty() ? "" : DocumentsOfDesktop(home);
+  if (folder.empty() && !home.empty()) folder = home + "/Documents";
+  return folder;
+}
+
 // Paths taken apart and put together again, name by name.
 class Canonical {
  public:
@@ -130,12 +138,9 @@ bool PutCanonical(wchar_t* out, const std::wstring& path) {
 
 HRESULT SHGetSpecialFolderLocation(void*, int folder, LPITEMIDLIST* list) {
   *list = nullptr;
-  if (folder != CSIDL_PERSONAL) return kInvalidArgument;
-  const std::string home = HomeFolder();
-  if (home.empty()) return kNoSuchFolder;
-  std::string documents = DocumentsOfDesktop(home);
-  if (documents.empty()) documents = home + "/Documents";
-  const std::wstring path = Decode(CP_UTF8, documents);
+  if (folder != CSIDL_PERSONAL && folder != CSIDL_LOCAL_APPDATA) return kInvalidArgument;
+  const std::wstring path = Decode(CP_UTF8, folder == CSIDL_PERSONAL ? Documents() : StateFolder());
+  if (path.empty()) return kNoSuchFolder;
   void* const memory = std::malloc((path.size() + 1) * sizeof(wchar_t));
   if (!memory) return kNoSuchFolder;
   std::wmemcpy(static_cast<wchar_t*>(memory), path.c_str(), path.size() + 1);

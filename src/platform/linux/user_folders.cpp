@@ -20,8 +20,21 @@ std::string HomeFolder() {
   return found && found->pw_dir && *found->pw_dir == '/' ? found->pw_dir : "";
 }
 
-std::string ConfigFolder() {
-  if (std::string folder = FolderFrom("XDG_CONFIG_HOME"); !folder.empty()) return folder;
+namespace {
+
+// The folder that the variable names, else `name` in the home; empty without either.
+std::string FolderOr(const char* variable, const char* name) {
+  if (std::string folder = FolderFrom(variable); !folder.empty()) return folder;
   const std::string home = HomeFolder();
-  return home.empty() ? "" : home + "/.config";
+  return home.empty() ? "" : home + name;
+}
+
+}  // namespace
+
+std::string ConfigFolder() {
+  return FolderOr("XDG_CONFIG_HOME", "/.config");
+}
+
+std::string StateFolder() {
+  return FolderOr("XDG_STATE_HOME", "/.local/state");
 }

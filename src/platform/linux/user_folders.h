@@ -14,4 +14,7 @@ std::string HomeFolder();
 // $XDG_CONFIG_HOME, else .config in the home; empty without either.
 std::string ConfigFolder();
 
+// The same for $XDG_STATE_HOME and .local/state.
+std::string StateFolder();
+
 #endif  // QEL_PLATFORM_LINUX_USER_FOLDERS_H
