@@ -84,6 +84,7 @@ class CommandLine {
   void AddUrl();
   Command& AddPane(const char* name, Text description, Run run);
   void AddHttp();
+  void AddMetrics();
   void AddSettings();
   void AddCommon(CLI::App& app);
   void AddReading(CLI::App& app);
@@ -122,6 +123,7 @@ CommandLine::CommandLine(Options& options) : m_Options(options), m_App(Say(Text:
   AddHttp();
   AddPane("rtf", Text::Rtf, RunRtf);
   AddFlag(*AddPane("html", Text::Html, RunHtml).app, "--fragment", m_Options.fragment, Text::OptionFragment);
+  AddMetrics();
   AddSettings();
   Add(m_App, "doctor", Text::Doctor, RunDoctor);
   Add(m_App, "error", Text::Error, RunError);
@@ -281,6 +283,21 @@ void CommandLine::AddHttp() {
     AddFlag(app, "-v,--verbose", m_Options.verbose, Text::OptionVerbose);
     AddOperand(*command, "URL", Text::OperandUrl);
   }
+}
+
+void CommandLine::AddMetrics() {
+  Command& metrics = Add(m_App, "metrics", Text::Metrics, nullptr);
+  const auto add = [&](const char* name, Text description, Run run) -> Command& {
+    Command& command = Add(*metrics.app, name, description, run);
+    AddOperand(command, "FILE", Text::OperandMetrics);
+    return command;
+  };
+  add("show", Text::MetricsShow, RunMetricsShow);
+  add("check", Text::MetricsCheck, RunMetricsCheck);
+  Command& repair = add("repair", Text::MetricsRepair, RunMetricsRepair);
+  repair.app->add_option("-o,--output", m_Options.output, Say(Text::OptionOutput))
+      ->type_name("FILE")
+      ->take_last();
 }
 
 void CommandLine::AddSettings() {

@@ -3,14 +3,14 @@
 
 build_packages=(cmake ninja-build g++ libboost-dev libboost-stacktrace-dev libicu-dev libsqlite3-dev libcli11-dev
   libcurl4-openssl-dev libcurl4)
-test_packages=(libgtest-dev libgmock-dev locales openssl python3-minimal)
+test_packages=(libgtest-dev libgmock-dev locales openssl python3-minimal libxml2-utils)
 windows_packages=(g++-mingw-w64-x86-64-posix googletest wine wine64 libgnutls30)
 check_packages=(abigail-tools clang clang-format clang-tidy cppcheck dpkg-dev doxygen googletest libclang-rt-14-dev
   mmdebstrap pkg-config shellcheck)
 reference_packages=(doxygen)
 coverage_packages=(gcovr)
 bench_packages=(libbenchmark-dev)
-peer_packages=(qtbase5-dev libmuparser-dev liburiparser-dev)
+peer_packages=(qtbase5-dev libmuparser-dev liburiparser-dev libspdlog-dev)
 
 cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit 1
 

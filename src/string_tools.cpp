@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "exceptions.h"
+#include "markup_entity.h"
 #include "platform/platform.h"
 
 namespace Qel::Sys::Text {
@@ -35,23 +36,6 @@ CString Replaced(const wchar_t* text, Replace replace) {
       result += replacement;
   }
   return result;
-}
-
-std::wstring_view Entity(wchar_t ch) {
-  switch (ch) {
-    case L'"':
-      return L"&quot;";
-    case L'&':
-      return L"&amp;";
-    case L'\'':
-      return L"&apos;";
-    case L'<':
-      return L"&lt;";
-    case L'>':
-      return L"&gt;";
-    default:
-      return {};
-  }
 }
 
 }  // namespace
@@ -115,7 +99,7 @@ CString EscapeSQLQuote(const wchar_t* text) {
 }
 
 CString FixStringForWeb(const wchar_t* text) {
-  return Replaced(text, Entity);
+  return Replaced(text, MarkupEntity);
 }
 
 CString IncCode(const wchar_t* code) {

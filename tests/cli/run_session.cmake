@@ -10,9 +10,9 @@
 #   ~ regex    expected on the output, alone, in place of literal lines
 #   %% name bytes   a file that is there before, as printf writes it
 #   == name bytes   one that must be there afterwards, with this content
-#   @ name=... a variable of its surroundings, "<here>" standing for the folder of the session
+#   @ name=... a variable of its surroundings
 #   any other  expected on the output
-# With ADDRESSES, lines "name=value", each "<name>" in the session stands for the value.
+# "<here>" stands for the folder of the session. With ADDRESSES, lines "name=value", each "<name>" in the session stands for the value.
 # In Markdown only blocks fenced as "console" count, and the two streams stand there as a terminal mixes them: the
 # output, then the messages. Exit codes are not shown there and not tested.
 #
@@ -84,6 +84,7 @@ if(SETTINGS AND EMULATOR)
 endif()
 file(READ "${SESSION}" text)
 string(REGEX REPLACE "([^\n])$" "\\1\n" text "${text}")
+string(REPLACE "<here>" "${HERE}" text "${text}")
 if(ADDRESSES)
   file(STRINGS "${ADDRESSES}" addresses)
   foreach(address IN LISTS addresses)
@@ -127,7 +128,6 @@ while(NOT text STREQUAL "")
     endif()
     execute_process(COMMAND printf "${CMAKE_MATCH_3}" OUTPUT_FILE "${WORK}/${file}" COMMAND_ERROR_IS_FATAL ANY)
   elseif(mark STREQUAL "@ ")
-    string(REPLACE "<here>" "${HERE}" value "${value}")
     list(APPEND case_surroundings "${value}")
   elseif(mark STREQUAL "? ")
     set(case_exit "${value}")

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
+#include <iterator>
 #include <sstream>
 
 namespace {
@@ -86,6 +87,12 @@ std::vector<GoldenRow> GoldenTable(const std::string& file) {
   }
   if (rows.empty()) GiveUp(file + " has no rows");
   return rows;
+}
+
+std::string GoldenText(const std::string& file) {
+  std::ifstream stream(std::string(QEL_TEST_DATA) + "/" + file, std::ios::binary);
+  if (!stream) GiveUp("cannot read " + file);
+  return {std::istreambuf_iterator(stream), {}};
 }
 
 void ExpectAnswer(const GoldenRow& row, const std::string& answer) {

@@ -34,6 +34,9 @@ struct GoldenRow {
 // All rows of tests/data/<file>. A file that is missing, empty or ragged ends the test program.
 std::vector<GoldenRow> GoldenTable(const std::string& file);
 
+// All of tests/data/<file>, a file of another form.
+std::string GoldenText(const std::string& file);
+
 // Expects `answer` to be the row's `expected` (or, under Wine, its `wine`).
 void ExpectAnswer(const GoldenRow& row, const std::string& answer);
 
