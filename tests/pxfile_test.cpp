@@ -148,9 +148,9 @@ TEST_F(PXFileTest, OpensByMode) {
     EXPECT_EQ(file.Open(Path(row.name), row.mode) != 0, row.code == 0);
     EXPECT_EQ(file.GetErrorCode(), row.code);
     EXPECT_STREQ(file.GetFileName(), Path(row.name));
-    char byte = 0;
+    char one = 0;
     if (row.code == 0) {
-      EXPECT_EQ(file.Read(&byte, 1), row.readCode ? 0 : 1);
+      EXPECT_EQ(file.Read(&one, 1), row.readCode ? 0 : 1);
       EXPECT_EQ(file.GetErrorCode(), row.readCode);
       EXPECT_EQ(file.Write("x"), row.written);
       EXPECT_EQ(file.GetErrorCode(), row.written ? 0u : 5u);
@@ -235,11 +235,11 @@ TEST_F(PXFileTest, EndIsRememberedUntilTheNextOpeningForReading) {
 TEST_F(PXFileTest, ClosedFilesRaise) {
   TPXFile file;
   CString line(L"old");
-  char byte = 0;
+  char one = 0;
   const std::function<void()> calls[] = {
-      [&] { file.Read(&byte, 1); }, [&] { file.Write(&byte, 1); }, [&] { file.Write(L"x"); },
-      [&] { file.Write("x"); },     [&] { file.Write(line); },     [&] { file.Append(&byte, 1); },
-      [&] { file.Seek(0, 0); },     [&] { file.GetPos(); },        [&] { file.ReadLine(line); },
+      [&] { file.Read(&one, 1); }, [&] { file.Write(&one, 1); }, [&] { file.Write(L"x"); },
+      [&] { file.Write("x"); },    [&] { file.Write(line); },    [&] { file.Append(&one, 1); },
+      [&] { file.Seek(0, 0); },    [&] { file.GetPos(); },       [&] { file.ReadLine(line); },
   };
   for (const auto& call : calls) EXPECT_EQ(RaisedBy(call), L"hFile != INVALID_HANDLE_VALUE");
   const auto raised = Raised(calls[0]);
