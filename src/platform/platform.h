@@ -228,8 +228,8 @@ constexpr DWORD CREATE_NEW = 1;
 constexpr DWORD CREATE_ALWAYS = 2;
 constexpr DWORD OPEN_EXISTING = 3;
 constexpr DWORD OPEN_ALWAYS = 4;
-// Result: the handle, or INVALID_HANDLE_VALUE. Without access a file is only looked at, beside anybody. `flags` is FILE_ATTRIBUTE_NORMAL, `security` and `like` are null. A refused open leaves the
-// content alone.
+// Result: the handle, or INVALID_HANDLE_VALUE. Without access a file is only looked at, beside anybody. `flags` is
+// FILE_ATTRIBUTE_NORMAL, `security` and `like` are null. A refused opening leaves the content alone.
 HANDLE CreateFileW(const wchar_t* path, DWORD access, DWORD share, const void* security, DWORD disposition,
                    DWORD flags, HANDLE like);
 // At the handle's position, which moves on. At the end of the file 0 bytes are read, with success. `overlapped` is
