@@ -6,7 +6,7 @@ build_packages=(cmake ninja-build g++ libboost-dev libboost-stacktrace-dev libic
 test_packages=(libgtest-dev libgmock-dev locales openssl python3-minimal libxml2-utils)
 windows_packages=(g++-mingw-w64-x86-64-posix googletest wine wine64 libgnutls30)
 check_packages=(abigail-tools clang clang-format clang-tidy cppcheck dpkg-dev doxygen googletest libclang-rt-14-dev
-  mmdebstrap pkg-config shellcheck)
+  libpcre2-8-0 mmdebstrap pkg-config shellcheck)
 reference_packages=(doxygen)
 coverage_packages=(gcovr)
 bench_packages=(libbenchmark-dev)
@@ -55,6 +55,20 @@ need() {
   as_root apt-get update -qq </dev/null || say "(the list of packages could not be brought up to date)"
   as_root env DEBIAN_FRONTEND=noninteractive \
     apt-get install -y -qq --no-install-recommends -o Dpkg::Use-Pty=0 "${wanted[@]}" </dev/null >/dev/null
+}
+
+# Unpacks a package under build/packages: installed, it would start its service on this machine. Made new when that
+# failed half-way.
+need_unpacked() {
+  local place=build/packages/$1
+  [ ! -e "$place/complete" ] || return 0
+  say "Unpacking Debian package: $1"
+  rm -rf "$place" && mkdir -p "$place"
+  (
+    cd "$place" || exit
+    apt-get download -qq "$1" 2>/dev/null || { as_root apt-get update -qq && apt-get download -qq "$1"; }
+    dpkg -x ./*.deb . && touch complete
+  )
 }
 
 # What the tests for Windows take. Where it cannot be had, QEL_NO_WINDOWS says why, and those pieces are skipped.
