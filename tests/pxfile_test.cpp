@@ -120,8 +120,10 @@ TEST_F(PXFileTest, ReadsSeeksCopiesAndTheHandleAreWhereTheLinesAre) {
   EXPECT_EQ(assigned.ReadLine(line), 4);
   EXPECT_EQ(copy.GetPos(), 38);
   EXPECT_EQ(copy.Append("x", 1), 1);
-  EXPECT_EQ(Content("file"), Bytes(u"one\nTwo\nthree\nfour\n") + "x");
   EXPECT_STREQ(copy.GetFileName(), Path("file"));
+  copy.Close();
+  assigned.Close();
+  EXPECT_EQ(Content("file"), Bytes(u"one\nTwo\nthree\nfour\n") + "x");
 }
 
 TEST_F(PXFileTest, OpensByMode) {
