@@ -6,7 +6,6 @@
 #include <cstdio>
 #include <iostream>
 #include <memory>
-#include <regex>
 #include <sstream>
 #include <vector>
 
@@ -46,9 +45,19 @@ std::string SortedLines(const std::string& saw) {
 
 // Sizes of pieces are nobody's promise either; how they end is: "q-fail 122", or "".
 std::string BodyFault(const std::string& pieces) {
-  std::smatch fault;
-  std::regex_search(pieces, fault, std::regex("[qr]-fail \\d+"));
-  return fault.str();
+  const std::size_t at = pieces.find("-fail ");
+  return at == std::string::npos ? "" : pieces.substr(at - 1, pieces.find(' ', at + 6) - (at - 1));
+}
+
+// With the server's dates as the file has them.
+std::string WithoutDates(std::string head) {
+  for (const std::string name : {"Date:\\u0020", "Last-Modified:\\u0020"}) {
+    const std::size_t at = head.find(name);
+    if (at == std::string::npos) continue;
+    const std::size_t start = at + name.size();
+    head.replace(start, head.find("\\u000D", start) - start, "{DATE}");
+  }
+  return head;
 }
 
 // As the file spells bytes; long ones are told by their length and a hash.
@@ -72,9 +81,11 @@ std::string SpelledContent(const std::string& content) {
 
 // "{x*1024}" is x so many times.
 std::string Expanded(std::string text) {
-  const std::regex repeated("\\{(.)\\*(\\d+)\\}");
-  for (std::smatch found; std::regex_search(text, found, repeated);)
-    text = found.prefix().str() + std::string(std::stoul(found[2]), *found[1].first) + found.suffix().str();
+  for (std::size_t at = 0; (at = text.find('{', at)) != std::string::npos; ++at) {
+    if (text.substr(at + 2, 1) != "*") continue;
+    const std::size_t end = text.find('}', at);
+    text.replace(at, end - at + 1, std::stoul(text.substr(at + 3)), text[at + 1]);
+  }
   return text;
 }
 
@@ -147,8 +158,6 @@ class Replay {
   }
 
   void Compare(const GoldenRow& row, const HttpAnswer& answer) {
-    const bool received = answer.receive == "ok";
-    const std::regex dates(R"((Date|Last-Modified):\\u0020(?:(?!\\u000D).)*)");
     CompareOne(row, "addheaders", answer.addHeaders);
     CompareOne(row, "setcredentials", answer.setCredentials);
     CompareOne(row, "send", answer.send);
@@ -156,8 +165,7 @@ class Replay {
     CompareOne(row, "receive", answer.receive);
     CompareOne(row, "status", std::to_string(answer.status));
     CompareOne(row, "rawheaders_size", answer.headSize);
-    CompareOne(row, "raw_headers",
-               received ? std::regex_replace(Spelled(answer.head), dates, "$1:\\u0020{DATE}") : "-");
+    CompareOne(row, "raw_headers", answer.receive == "ok" ? WithoutDates(Spelled(answer.head)) : "-");
     CompareOne(row, "content", SpelledContent(answer.content));
     CompareOne(row, "pieces", answer.bodyFault, BodyFault);
   }
