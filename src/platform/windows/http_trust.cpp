@@ -208,8 +208,9 @@ DWORD TrustAuthorities(void* session, const wchar_t* path) {
 }
 
 DWORD HttpError(void* request) {
+  const DWORD code = GetLastError();  // before the lock, which clears it when it is the first
   Trust& trust = TheTrust();
   const std::lock_guard lock(trust.lock);
-  if (trust.refused.erase(request) != 0) SetLastError(ERROR_WINHTTP_SECURE_FAILURE);
+  SetLastError(trust.refused.erase(request) != 0 ? ERROR_WINHTTP_SECURE_FAILURE : code);
   return GetLastError();
 }
