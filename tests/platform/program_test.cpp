@@ -12,7 +12,7 @@ TEST(ProgramTest, ItsFileIsTheRunningOneCutToTheRoom) {
   EXPECT_NE(whole.find(L"qel_tests"), whole.npos);
   EXPECT_EQ(GetModuleFileNameW(nullptr, path, 5), 5u);
   EXPECT_EQ(GetLastError(), 122u);
-  EXPECT_EQ(path, whole.substr(0, 4));
+  EXPECT_EQ(std::wstring(path, 4), whole.substr(0, 4));
   EXPECT_EQ(GetModuleFileNameW(nullptr, path, length + 1), length);
 }
 

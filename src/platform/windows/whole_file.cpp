@@ -31,7 +31,9 @@ class File {
 
 LONG ReadWholeFile(const wchar_t* path, std::vector<BYTE>& content, std::size_t most) {
   content.clear();
-  const File file(CreateFileW(path, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+  // A log may be read while its program writes it.
+  const File file(CreateFileW(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                              0, nullptr));
   if (!file.IsOpen()) return LastStatus();
   LARGE_INTEGER size;
   if (!GetFileSizeEx(file, &size)) return LastStatus();
