@@ -146,6 +146,7 @@ const Command* CommandLine::Given() const {
 Command& CommandLine::Add(CLI::App& parent, const char* name, Text description, Run run) {
   CLI::App* app = parent.add_subcommand(name, Say(description));
   app->group(Say(Text::Commands));
+  app->get_help_ptr()->group(Say(Text::Options));  // which the parent gives without its defaults
   AddCommon(*app);
   m_Commands.push_back({app, run, {}});
   return m_Commands.back();

@@ -73,8 +73,9 @@ std::vector<PaneLine> ReadPane(const std::vector<std::string>& lines) {
   std::vector<PaneLine> pane;
   bool rightToLeft = false;
   for (const std::string& line : lines) {
-    const CString wide = Wide(line);
-    std::wstring_view text = wide.View();
+    std::wstring whole(Wide(line).View());
+    std::erase(whole, L'\0');  // the formatters would take it for the text's end
+    std::wstring_view text = whole;
     const bool directed = TakeDirection(text, rightToLeft);
     if (!directed || !text.empty()) pane.push_back(LineOf(text, rightToLeft));
   }
