@@ -54,12 +54,16 @@ void SayProblem(const std::string& name, const TMetricsFile& file) {
   Complain(Joined({name, ": ", where, Say(TextOf(file.problem))}));
 }
 
-int NotRead(const std::string& name, long status, const Options& options) {
+void SayStatus(const std::string& name, long status, const Options& options) {
   const std::string why = StatusText(status);
   if (options.json)
     Print(JsonObject().Add("file", name).Add("error", JsonObject().Add("text", why)).Line());
   else
     Complain(Joined({name, ": ", why}));
+}
+
+int NotRead(const std::string& name, long status, const Options& options) {
+  SayStatus(name, status, options);
   return kUnreadable;
 }
 
@@ -144,7 +148,7 @@ int SayWhole(const std::string& name, const TMetricsFile& file, const Options& o
 int WriteCopy(const std::string& name, const std::string& copy, const Options& options) {
   TMetricsFile file;
   if (const long status = RepairMetricsFile(Wide(name), Wide(copy), file); status != 0) {
-    Complain(Joined({copy, ": ", StatusText(status)}));
+    SayStatus(copy, status, options);
     return kNotWritten;
   }
   if (!options.json) SayProblem(name, file);
@@ -193,7 +197,11 @@ int RunMetricsRepair(const Options& options) {
   if (file.problem == TMetricsProblem::None) return SayWhole(name, file, options);
   const std::string copy = NameOfCopy(name);
   if (!IsThere(copy)) return WriteCopy(name, copy, options);
-  Complain(Say(Text::MetricsThere, {copy}));
+  const std::string there = Say(Text::MetricsThere, {copy});
+  if (options.json)
+    Print(JsonObject().Add("file", copy).Add("error", JsonObject().Add("text", there)).Line());
+  else
+    Complain(there);
   return kNotWritten;
 }
 
