@@ -6,6 +6,7 @@
 #include <fstream>
 #include <regex>
 #include <sstream>
+#include <thread>
 #include <vector>
 
 #include "bugtrap.h"
@@ -16,6 +17,7 @@
 #include "support/fresh_process.h"
 #include "support/golden.h"
 #include "support/metrics_folder.h"
+#include "utf8.h"
 
 namespace {
 
@@ -92,13 +94,16 @@ TEST(MetricsLogTest, ErrorsWaitForTenOthersOrTenSecondsAndTheRestIsWrittenAtOnce
   EXPECT_EQ(ReadMetricsFile(log.GetFilePath().c_str(), live), 0);
   const struct {
     int level;
-    double seconds;  // since the last write
+    double seconds;  // since the last write; below 0, as many as there are
     std::size_t written;
-  } rows[] = {{1, 10.9, 11}, {1, 11.1, 13}, {2, 0, 14}, {0, 0, 14}, {5, 0, 16}, {6, 20, 16}, {7, 0, 16}};
+  } rows[] = {{1, 10.9, 11}, {1, 11.1, 13}, {1, -1, 13}, {2, 0, 15},
+              {0, 0, 15},    {5, 0, 17},    {6, 20, 17}, {7, 0, 17}};
   for (const auto& row : rows) {
     const auto passed = std::chrono::duration<double>(row.seconds);
-    log.m_LastWrite = TDurationCounter(TDurationCounter::Clock::now() -
-                                       std::chrono::duration_cast<TDurationCounter::Clock::duration>(passed));
+    if (row.seconds >= 0)
+      log.m_LastWrite =
+          TDurationCounter(TDurationCounter::Clock::now() -
+                           std::chrono::duration_cast<TDurationCounter::Clock::duration>(passed));
     EXPECT_EQ(Add(log, row.level), row.level <= 5);
     EXPECT_EQ(written(), row.written) << row.level;
   }
@@ -109,8 +114,20 @@ TEST(MetricsLogTest, ErrorsWaitForTenOthersOrTenSecondsAndTheRestIsWrittenAtOnce
   EXPECT_FALSE(Add(log, ABT_ERROR));
   const TMetricsFile file = ParseMetrics(folder.Content(log.GetFilePath()));
   EXPECT_EQ(file.problem, TMetricsProblem::None);
-  EXPECT_EQ(file.events.size(), 18u);
+  EXPECT_EQ(file.events.size(), 19u);
   EXPECT_EQ(file.events.back().name, "SessionEnd");  // which no level drops
+}
+
+TEST(MetricsLogTest, AnEventBeginsWhenItIsMadeAndLastsUntilItIsTaken) {
+  const MetricsFolder folder;
+  Log log;
+  TBTEvent event(ABT_INFO, L"E");
+  std::this_thread::sleep_for(std::chrono::milliseconds(30));
+  const std::string taken = Qel::ToUtf8(TBTLogBase::GetTimeStamp(nullptr));
+  EXPECT_TRUE(log.AddEvent(event));
+  const TMetricsEvent written = ParseMetrics(folder.Content(log.GetFilePath())).events.at(0);
+  EXPECT_LT(written.timestamp, taken);
+  EXPECT_GE(std::stoi(written.duration), 20);
 }
 
 TEST(MetricsLogTest, ValuesKeepTheirKindAndShowItWhateverTheLocale) {
