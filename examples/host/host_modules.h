@@ -7,16 +7,10 @@
 #include <memory>
 #include <string>
 
-#ifdef _WIN32
-#define HOST_EXPORT __declspec(dllexport)
-#else
-#define HOST_EXPORT __attribute__((visibility("default")))
-#endif
-
 // entries_module.cpp: opens the entry with a number, and tells the user through the application's IAppUX.
-HOST_EXPORT std::shared_ptr<IEntryServices> MakeEntries();
+std::shared_ptr<IEntryServices> MakeEntries();
 
 // pane_module.cpp: shows what it is told as a pane of information, in RTF and HTML files in `folder` (UTF-8).
-HOST_EXPORT std::shared_ptr<IAppUX> MakePane(const std::string& folder);
+std::shared_ptr<IAppUX> MakePane(const std::string& folder);
 
 #endif  // HOST_MODULES_H
