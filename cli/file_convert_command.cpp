@@ -108,13 +108,18 @@ void Conversion::Add(const std::string& name) {
   m_Unread += status != 0 || !from;
 }
 
-// What could not be decoded is nowhere else when the file itself is replaced.
+// What could not be decoded is nowhere else when the file itself is replaced. One that was read and is not there as it
+// was written was found by another case of its name, and may be any.
 bool Conversion::LosesItsSource() const {
+  namespace fs = std::filesystem;
+  std::error_code ignored;
+  const fs::path output = PathOf(m_Options.output);
   const auto isOutput = [&](const std::string& name) {
-    std::error_code ignored;
-    return std::filesystem::equivalent(PathOf(name), PathOf(m_Options.output), ignored);
+    const fs::path source = PathOf(name);
+    return !fs::exists(source, ignored) || fs::equivalent(source, output, ignored);
   };
-  return m_Broken > 0 && std::any_of(m_Options.operands.begin(), m_Options.operands.end(), isOutput);
+  return m_Broken > 0 && fs::exists(output, ignored) &&
+         std::any_of(m_Options.operands.begin(), m_Options.operands.end(), isOutput);
 }
 
 int Conversion::NotWritten(Text why) const {
