@@ -49,6 +49,8 @@ bool FileOutput::Open(const std::string& name) {
   if (isFile && !IsWritable(m_Target)) return false;  // replacing it takes no right to it
   if (isFile || !fs::exists(m_Target, error)) m_Temporary = FreeNameBeside(m_Target);
   m_File.open(m_Temporary.empty() ? m_Target : m_Temporary, std::ios::binary | std::ios::trunc);
+  // Before there is anything in it: the text is for those who might read it before.
+  if (isFile && m_File) fs::permissions(m_Temporary, fs::status(m_Target, error).permissions(), error);
   return m_File.is_open();
 }
 
@@ -74,9 +76,6 @@ bool FileOutput::Finish() {
 
 bool FileOutput::Replace() {
   std::error_code error;
-  const fs::file_status before = fs::status(m_Target, error);
-  if (fs::exists(before)) fs::permissions(m_Temporary, before.permissions(), error);
-  error.clear();
   fs::rename(m_Temporary, m_Target, error);
   if (!error) m_Temporary.clear();
   return !error;
