@@ -38,7 +38,8 @@ DWORD ReadAll(TPXFile& file, std::vector<BYTE>& bytes) {
   std::size_t filled = 0;
   for (const auto size = static_cast<std::size_t>(file.GetFileSize());;) {
     if (filled > kMost || size > kMost) return kTooLarge;
-    bytes.resize(std::max({size + 1, 2 * filled, std::size_t{4096}}));  // one more, to see the end
+    if (filled == bytes.size())
+      bytes.resize(std::max({size + 1, 2 * filled, std::size_t{4096}}));  // one more, to see the end
     const int count = file.Read(bytes.data() + filled, static_cast<unsigned>(bytes.size() - filled));
     filled += static_cast<std::size_t>(count);
     if (count > 0) continue;
