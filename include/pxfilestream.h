@@ -31,7 +31,7 @@ class QEL_API TPXFileStream {
   TPXFileStream& operator=(const TPXFileStream&) = delete;
 
   // Closes what is open and opens `fileName`, of which quotes and blanks around it do not count. The state is good
-  // again when that works.
+  // again when that works; whether all of the text before went to its own file only a close() of one's own tells.
   bool open(const wchar_t* fileName, FileStreamMode mode);
   // Writes what is gathered; false when that fails, which loses it, or nothing was open.
   bool close();
