@@ -67,8 +67,8 @@ class QEL_API TPXFile {
   // Whether a read has met the end since the file was opened for reading. Moving away does not reset it.
   bool Eof() const noexcept { return m_Eof; }
 
-  // From the position on, which moves behind it. Return how many bytes, 0 on failure. A Read at the end returns 0 and
-  // sets Eof().
+  // From the position on, which moves behind it. Return how many bytes, 0 on failure; of more than 2 GB the lower
+  // 32 bits. A Read at the end returns 0 and sets Eof().
   int Read(void* buffer, unsigned int size);
   int Write(const void* data, unsigned int size);
   // Text as UTF-16LE: `size` units of it, of a CString at most its length. Null writes nothing.
@@ -97,6 +97,7 @@ class QEL_API TPXFile {
   void DuplicateFrom(const TPXFile& other);
   bool Move(std::int64_t offset, int origin, std::int64_t& position);
   int WriteText(const wchar_t* text, std::size_t units);
+  DWORD RoomAhead(std::size_t left) const;
   bool FillAhead();
   void GiveBackAhead() const;
 

@@ -161,16 +161,17 @@ int TPXFile::Write(const char* text, unsigned int size) {
 }
 
 int TPXFile::WriteText(const wchar_t* text, std::size_t units) {
+  if (units == 0) return Write(static_cast<const void*>(text), 0);
   constexpr std::size_t kPiece = 4096;
   std::array<BYTE, 4 * kPiece> bytes;  // an element may stand for two units
-  int written = 0;
+  unsigned int written = 0;
   for (std::size_t at = 0; at < units; at += kPiece) {
     const std::size_t count = std::min(kPiece, units - at);
     const DWORD size = BytesFromUnits(bytes.data(), static_cast<DWORD>(bytes.size()), text + at, count);
     if (Write(bytes.data(), size) == 0) return 0;
-    written += static_cast<int>(size);
+    written += size;
   }
-  return written;
+  return static_cast<int>(written);
 }
 
 int TPXFile::Append(const void* data, unsigned int size) {
@@ -189,7 +190,7 @@ int TPXFile::GetPos() {
   QEL_REQUIRE_OPEN();
   LARGE_INTEGER none{}, position{};
   if (!Done(SetFilePointerEx(m_Handle, none, &position, 1) != 0)) return -1;
-  return static_cast<int>(position.QuadPart) - (m_Ahead ? static_cast<int>(m_Ahead->Size()) : 0);
+  return static_cast<int>(position.QuadPart - (m_Ahead ? static_cast<std::int64_t>(m_Ahead->Size()) : 0));
 }
 
 bool TPXFile::Move(std::int64_t offset, int origin, std::int64_t& position) {
@@ -223,9 +224,16 @@ void TPXFile::GiveBackAhead() const {
   m_Ahead->begin = m_Ahead->end = 0;
 }
 
+// How many bytes to read behind `left` of them. A pipe takes nothing back, so no more than a unit.
+DWORD TPXFile::RoomAhead(std::size_t left) const {
+  constexpr DWORD kSeenBlock = 1024;  // most of it is given back after every line
+  const bool takesBack = SetFilePointerEx(m_Handle, LARGE_INTEGER{}, nullptr, 1) != 0;
+  if (!takesBack) return static_cast<DWORD>(2 - left);
+  return m_IsSeen ? kSeenBlock : static_cast<DWORD>(m_Ahead->bytes.size() - left);
+}
+
 // Whether a unit is there; false at the end and for what cannot be read.
 bool TPXFile::FillAhead() {
-  constexpr DWORD kSeenBlock = 1024;  // most of it is given back after every line
   if (!m_Ahead) m_Ahead = std::make_unique_for_overwrite<Ahead>();
   Ahead& ahead = *m_Ahead;
   while (ahead.Size() < 2) {
@@ -233,8 +241,8 @@ bool TPXFile::FillAhead() {
     if (left) ahead.bytes[0] = ahead.bytes[ahead.begin];
     ahead.begin = 0;
     ahead.end = left;
-    const DWORD room = m_IsSeen ? kSeenBlock : static_cast<DWORD>(ahead.bytes.size() - left);
     DWORD count = 0;
+    const DWORD room = RoomAhead(left);
     const bool read = Done(ReadFile(m_Handle, ahead.bytes.data() + left, room, &count, nullptr) != 0);
     if (!read && m_ErrorCode != kEndOfFile) return false;
     ahead.end += count;

@@ -154,6 +154,10 @@ TEST_F(PXFileTest, OpensByMode) {
     if (row.code == 0) {
       EXPECT_EQ(file.Read(&one, 1), row.readCode ? 0 : 1);
       EXPECT_EQ(file.GetErrorCode(), row.readCode);
+      if (row.written) {
+        EXPECT_EQ(file.Write(L""), 0);
+        EXPECT_EQ(file.GetErrorCode(), 0u);
+      }
       EXPECT_EQ(file.Write("x"), row.written);
       EXPECT_EQ(file.GetErrorCode(), row.written ? 0u : 5u);
     }
