@@ -1,8 +1,11 @@
 # The Debian package: `cpack -G DEB` in a build of the preset release.
 install(FILES README.md DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/qelcoretypes)
 install(DIRECTORY docs examples DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/qelcoretypes)
-# The reference is there when scripts/reference was run.
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/build/reference/html DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/qelcoretypes/reference OPTIONAL)
+# The reference is there when scripts/reference was run. The Debian package is made without: cpack asks of each of its
+# hundreds of files whether it is a program.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/build/reference/html/ COMPONENT Reference OPTIONAL
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/qelcoretypes/reference)
+set(CPACK_INSTALL_CMAKE_PROJECTS "${PROJECT_BINARY_DIR};QelCoreTypes;Unspecified;/")
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME qelcoretypes)

@@ -5,7 +5,7 @@ build_packages=(cmake ninja-build g++ libboost-dev libboost-stacktrace-dev libic
   libcurl4-openssl-dev libcurl4)
 test_packages=(libgtest-dev libgmock-dev locales openssl python3-minimal libxml2-utils)
 windows_packages=(g++-mingw-w64-x86-64-posix googletest wine wine64 libgnutls30)
-check_packages=(abigail-tools clang clang-format clang-tidy cppcheck dpkg-dev doxygen googletest libclang-rt-14-dev
+check_packages=(abigail-tools clang clang-format clang-tidy cppcheck dpkg-dev doxygen file googletest libclang-rt-14-dev
   libpcre2-8-0 mmdebstrap pkg-config shellcheck)
 reference_packages=(doxygen)
 coverage_packages=(gcovr)

@@ -55,24 +55,15 @@ windows_consumer() {
   dates_are_right scripts/wine-run build/pieces/dates.exe
 }
 
-# The Debian package in a root that holds nothing but Debian, from where this machine has its packages. Those that it
-# has at hand are not fetched again.
+# The Debian package is installed, used and removed where there is nothing but Debian.
 debian_package() {
-  local place=$PWD/build/pieces/package sources
+  local place=$PWD/build/pieces/package
   rm -rf "$place"
   mkdir -p "$place"
   cpack -G DEB --config build/release/CPackConfig.cmake -B "$place"
   mv "$place"/*.deb "$place/package.deb"
   dpkg-deb --info "$place/package.deb"
-  sources=$(find /etc/apt -name debian.sources -o -path /etc/apt/sources.list -size +0 | head -n 1)
-  # shellcheck disable=SC2016  # $1 is the fresh root
-  as_root mmdebstrap --variant=apt --skip=download/empty,essential/unlink,cleanup/apt \
-    --setup-hook='mkdir -p "$1/var/cache/apt/archives"' \
-    --setup-hook='cp -ln /var/cache/apt/archives/*.deb "$1/var/cache/apt/archives" 2>/dev/null || true' \
-    --customize-hook='mkdir "$1/qel"' \
-    --customize-hook="copy-in $place/package.deb examples/dates.cpp scripts/pieces/host_in_root.sh /qel" \
-    --customize-hook='chroot "$1" sh /qel/host_in_root.sh' \
-    "$(. /etc/os-release && echo "$VERSION_CODENAME")" /dev/null "$sources"
+  as_root unshare --mount scripts/pieces/fresh_root.sh "$place/package.deb"
 }
 
 abi() { scripts/abi; }
