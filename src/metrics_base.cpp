@@ -4,7 +4,6 @@
 
 #include "data/name_characters.h"
 #include "metrics_text.h"
-#include "padded_number.h"
 #include "platform/platform.h"
 
 namespace {
@@ -22,7 +21,8 @@ bool IsNameCharacter(wchar_t ch) {
 template <class PutContent>
 std::wstring ElementOf(const wchar_t* name, PutContent put) {
   WideOutput out;
-  TMetricsText::PutElement(out, TBTLogBase::m_TagLevel, name ? name : L"", [&] { put(out); });
+  TMetricsText::PutElement(out, TBTLogBase::m_TagLevel, std::wstring_view(name ? name : L""),
+                           [&] { put(out); });
   return out.Text();
 }
 
@@ -30,25 +30,23 @@ std::wstring ElementOf(const wchar_t* name, PutContent put) {
 
 std::int32_t TBTLogBase::m_TagLevel = 0;
 
-const wchar_t* TBTLogBase::GetLevelName(ABT_LOGLEVEL level) {
-  constexpr std::array kNames = {L"0:None",      L"1:Error", L"2:Warning",
-                                 L"3:Important", L"4:Info",  L"5:Verbose"};
+std::wstring_view TMetricsText::LevelName(ABT_LOGLEVEL level) {
+  constexpr std::array<std::wstring_view, 6> kNames = {L"0:None",      L"1:Error", L"2:Warning",
+                                                       L"3:Important", L"4:Info",  L"5:Verbose"};
   const auto index = static_cast<std::size_t>(level);
   return index < kNames.size() ? kNames[index] : L"9:Unknown";
 }
 
+const wchar_t* TBTLogBase::GetLevelName(ABT_LOGLEVEL level) {
+  return TMetricsText::LevelName(level).data();  // terminated literals
+}
+
 std::wstring TBTLogBase::GetTimeStamp(const SYSTEMTIME* time) {
-  using Qel::Sys::Text::WritePadded;
   SYSTEMTIME now;
   if (!time) GetSystemTime(&now);
-  const SYSTEMTIME& at = time ? *time : now;
-  wchar_t text[48];
-  wchar_t* end = text;
-  for (const unsigned number : {at.wYear % 100U, unsigned{at.wMonth}, unsigned{at.wDay}})
-    end = WritePadded(end, number, 2);
-  *end++ = L'-';
-  for (const unsigned number : {at.wHour, at.wMinute, at.wSecond}) end = WritePadded(end, number, 2);
-  return {text, WritePadded(end, at.wMilliseconds, 4)};
+  WideOutput text;
+  TMetricsText::PutTime(text, time ? *time : now);
+  return text.Text();
 }
 
 void TBTLogBase::WriteEscaped(std::wostream& out, const std::wstring& text) {

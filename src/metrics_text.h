@@ -13,10 +13,14 @@
 #include "bugtrap.h"
 #include "markup_entity.h"
 #include "metrics_log.h"
+#include "padded_number.h"
 
 class WideOutput {
  public:
   void Put(std::wstring_view text) { m_Text += text; }
+  // Plain ASCII.
+  void Put(std::string_view text) { m_Text.append(text.begin(), text.end()); }
+  void PutBlanks(std::size_t count) { m_Text.append(count, L' '); }
   const std::wstring& Text() const { return m_Text; }
 
  private:
@@ -28,6 +32,8 @@ class FileOutput {
  public:
   explicit FileOutput(std::string& bytes) : m_Bytes(bytes) {}
 
+  void Put(std::string_view text) { m_Bytes += text; }
+  void PutBlanks(std::size_t count) { m_Bytes.append(count, ' '); }
   // Hardly any text is not plain ASCII, which is narrowed in one pass.
   void Put(std::wstring_view text) {
     const std::size_t end = m_Bytes.size();
@@ -72,47 +78,56 @@ class TMetricsText {
     std::visit(put, value.m_Value);
   }
 
-  template <class Output>
-  static void PutLine(Output& out, int level, std::wstring_view text) {
+  // "<name>", what `put` writes, "</name>" as a line.
+  template <class Output, class Char, class PutContent>
+  static void PutElement(Output& out, int level, std::basic_string_view<Char> name, PutContent put) {
     PutSpaces(out, level);
-    out.Put(text);
-    out.Put(L"\n");
-  }
-
-  // "<name>", what `put` writes, "</name>".
-  template <class Output, class PutContent>
-  static void PutElement(Output& out, int level, std::wstring_view name, PutContent put) {
-    PutSpaces(out, level);
-    out.Put(L"<");
+    out.Put(std::string_view("<"));
     out.Put(name);
-    out.Put(L">");
+    out.Put(std::string_view(">"));
     put();
-    out.Put(L"</");
+    out.Put(std::string_view("</"));
     out.Put(name);
-    out.Put(L">\n");
+    out.Put(std::string_view(">\n"));
   }
 
   template <class Output>
   static void PutEvent(Output& out, int level, const TBTEvent& event) {
-    const auto element = [&](int depth, std::wstring_view name, auto put) {
-      PutElement(out, level + depth, name, put);
+    const auto line = [&](int depth, std::string_view text) {
+      PutSpaces(out, level + depth);
+      out.Put(text);
     };
-    PutLine(out, level, L"<event>");
-    element(1, L"name", [&] { PutEscaped(out, event.m_Name); });
-    element(1, L"timestamp", [&] { out.Put(TBTLogBase::GetTimeStamp(&event.m_StartTime)); });
-    element(1, L"loglevel", [&] { out.Put(TBTLogBase::GetLevelName(event.m_Level)); });
-    element(1, L"duration", [&] { PutNumber(out, event.m_Duration); });
-    PutLine(out, level + 1, L"<Properties>");
+    line(0, "<event>\n");
+    PutElement(out, level + 1, std::string_view("name"), [&] { PutEscaped(out, event.m_Name); });
+    PutElement(out, level + 1, std::string_view("timestamp"), [&] { PutTime(out, event.m_StartTime); });
+    PutElement(out, level + 1, std::string_view("loglevel"), [&] { out.Put(LevelName(event.m_Level)); });
+    PutElement(out, level + 1, std::string_view("duration"), [&] { PutNumber(out, event.m_Duration); });
+    line(1, "<Properties>\n");
     for (const auto& [key, value] : event.m_Properties)
-      element(2, key, [&, held = &value] { PutValue(out, *held); });
-    PutLine(out, level + 1, L"</Properties>");
-    PutLine(out, level, L"</event>");
+      PutElement(out, level + 2, std::wstring_view(key), [&, held = &value] { PutValue(out, *held); });
+    line(1, "</Properties>\n");
+    line(0, "</event>\n");
   }
+
+  // What GetTimeStamp and GetLevelName give.
+  template <class Output>
+  static void PutTime(Output& out, const SYSTEMTIME& time) {
+    char text[48];
+    char* end = text;
+    for (const unsigned number : {time.wYear % 100U, unsigned{time.wMonth}, unsigned{time.wDay}})
+      end = Qel::Sys::Text::WritePadded(end, number, 2);
+    *end++ = '-';
+    for (const unsigned number : {time.wHour, time.wMinute, time.wSecond})
+      end = Qel::Sys::Text::WritePadded(end, number, 2);
+    end = Qel::Sys::Text::WritePadded(end, time.wMilliseconds, 4);
+    out.Put(std::string_view(text, static_cast<std::size_t>(end - text)));
+  }
+  static std::wstring_view LevelName(ABT_LOGLEVEL level);
 
  private:
   template <class Output>
   static void PutSpaces(Output& out, int level) {
-    for (; level > 0; --level) out.Put(L"  ");
+    if (level > 0) out.PutBlanks(2 * static_cast<std::size_t>(level));
   }
 
   // As a stream of the classic locale writes it.
@@ -124,8 +139,7 @@ class TMetricsText {
       end = std::to_chars(digits, std::end(digits), number, std::chars_format::general, 6).ptr;
     else
       end = std::to_chars(digits, std::end(digits), number).ptr;
-    wchar_t wide[sizeof digits];
-    out.Put({wide, static_cast<std::size_t>(std::copy(digits, end, wide) - wide)});
+    out.Put(std::string_view(digits, static_cast<std::size_t>(end - digits)));
   }
 };
 

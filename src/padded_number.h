@@ -5,12 +5,13 @@
 namespace Qel::Sys::Text {
 
 // Writes `value` with at least `width` digits at `out` and returns the end. Needs max(width, 10) places.
-inline wchar_t* WritePadded(wchar_t* out, unsigned value, int width) {
+template <class Char>
+inline Char* WritePadded(Char* out, unsigned value, int width) {
   int digits = 1;
   for (unsigned rest = value / 10; rest != 0; rest /= 10) ++digits;
   if (digits < width) digits = width;
-  for (wchar_t* place = out + digits; place != out; value /= 10) {
-    *--place = static_cast<wchar_t>(L'0' + value % 10);
+  for (Char* place = out + digits; place != out; value /= 10) {
+    *--place = static_cast<Char>('0' + value % 10);
   }
   return out + digits;
 }
