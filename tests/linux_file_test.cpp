@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <cstdio>
 #include <fstream>
 #include <string>
 #include <thread>
@@ -9,7 +10,7 @@
 #include "support/documents.h"
 #include "utf8.h"
 
-TEST(LinuxPipeTest, LinesTakeNoMoreThanTheirBytes) {
+TEST(LinuxFileTest, LinesOfAPipeTakeNoMoreThanTheirBytes) {
   const TempFolder folder;
   const std::string path = folder.Path() / "pipe";
   ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
@@ -26,4 +27,14 @@ TEST(LinuxPipeTest, LinesTakeNoMoreThanTheirBytes) {
   EXPECT_EQ(file.Read(&next, 1), 1);
   EXPECT_EQ(next, 'x');
   writer.join();
+}
+
+TEST(LinuxFileTest, ProgramsStartedMeanwhileDoNotHoldTheFile) {
+  const TempFolder folder;
+  const CString path = Qel::FromUtf8((folder.Path() / "file").string());
+  TPXFile file(path, FA_CREATE);
+  std::FILE* const program = popen("cat", "w");  // until pclose
+  file.Close();
+  EXPECT_TRUE(file.Open(path, FA_CREATE));
+  pclose(program);
 }
