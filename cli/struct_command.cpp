@@ -10,6 +10,7 @@
 #include "refusal.h"
 #include "string_tools.h"
 #include "text.h"
+#include "text_file.h"
 
 namespace Cli {
 
@@ -87,17 +88,6 @@ std::optional<Refusal> WrongLength(const CString& text, int size) {
   return Refusal{"left_over", position, Say(Text::RecordLonger, {announced, InUserDigits(position)})};
 }
 
-std::string Pairs(const std::string& bytes) {
-  constexpr char kDigits[] = "0123456789ABCDEF";
-  std::string pairs;
-  for (const char c : bytes) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (!pairs.empty()) pairs += ' ';
-    (pairs += kDigits[byte >> 4]) += kDigits[byte & 15];
-  }
-  return pairs;
-}
-
 int Decode(const std::string& typed, const Options& options) {
   const CString text = Wide(typed);
   int size = 0, wanted = 0;
@@ -116,11 +106,11 @@ int Decode(const std::string& typed, const Options& options) {
   const auto odd = WrongLength(text, size);
   if (options.json) {
     JsonObject object;
-    object.Add("input", typed).Add("size", size).Add("bytes", Pairs(bytes));
+    object.Add("input", typed).Add("size", size).Add("bytes", HexPairs(bytes));
     Print((odd ? object.Add("error", AsJson(*odd)) : object.Add("error", nullptr)).Line());
     return odd ? kUnreadable : kDone;
   }
-  Print(Pairs(bytes) + "\n");
+  Print(HexPairs(bytes) + "\n");
   return odd ? Refuse(typed, *odd, options) : kDone;
 }
 

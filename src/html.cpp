@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "markup_entity.h"
+
 namespace {
 
 // `unsigned long` is wider on some systems, and "no colour" comes as 32 ones or as all ones.
@@ -21,22 +23,10 @@ CString Caption(const wchar_t* caption) {
   return CString(view.substr(0, colon == view.npos ? view.size() - 1 : colon + 1));
 }
 
-// What a unit is written as; empty for those that stay.
+// What a unit is written as; empty for those that stay. HTML has known a name for the apostrophe only since its fifth
+// version.
 constexpr std::wstring_view EntityOf(wchar_t unit) {
-  switch (unit) {
-    case L'&':
-      return L"&amp;";
-    case L'<':
-      return L"&lt;";
-    case L'>':
-      return L"&gt;";
-    case L'"':
-      return L"&quot;";
-    case L'\'':
-      return L"&#39;";
-    default:
-      return {};
-  }
+  return unit == L'\'' ? std::wstring_view(L"&#39;") : Qel::Sys::Text::MarkupEntity(unit);
 }
 
 constexpr bool IsNoHtml(wchar_t unit) {
