@@ -100,7 +100,7 @@ class HttpClient::Request {
   Request& operator=(const Request&) = delete;
   ~Request() {
     m_Call.request = nullptr;
-    if (m_Handle) WinHttpCloseHandle(m_Handle);
+    if (m_Handle) CloseRequest(m_Handle);
   }
 
   void Hold(HINTERNET handle) { m_Call.request = m_Handle = handle; }

@@ -60,6 +60,8 @@ DWORD TrustAuthorities(void* session, const wchar_t* path);
 // The last error of a call of HTTP that has just failed with this request. Where it failed because the server's
 // certificate comes from none of those authorities, the last error becomes 12175 first.
 DWORD HttpError(void* request);
+// Closes it, unless that refusal has done so already: Windows may have given the handle to somebody else since.
+void CloseRequest(void* request);
 
 // Lets the call that another thread is in with this request end as soon as the system allows: here at once, with 12017,
 // the handle being closed. On Windows, where a handle in use must not be closed, it ends by itself.

@@ -24,7 +24,7 @@ using Authorities = std::shared_ptr<void>;  // a store of certificates
 struct Trust {
   std::mutex lock;
   std::map<HINTERNET, Authorities> authorities;  // of sessions, and of their requests
-  std::set<HINTERNET> refused;                   // requests whose failure nobody has asked for
+  std::set<HINTERNET> refused;  // requests that are closed, and that their owner has not let go
 };
 
 Trust& TheTrust() {
@@ -43,7 +43,6 @@ Authorities AuthoritiesOf(HINTERNET handle) {
 void SetAuthorities(HINTERNET handle, const Authorities& authorities) {
   Trust& trust = TheTrust();
   const std::lock_guard lock(trust.lock);
-  trust.refused.erase(handle);
   if (authorities)
     trust.authorities[handle] = authorities;
   else
@@ -157,7 +156,10 @@ void CheckServer(HINTERNET request) {
   if (!authorities) return;
   PCCERT_CONTEXT found = nullptr;
   DWORD size = sizeof found;
+  SetLastError(0);
   const BOOL hasOne = WinHttpQueryOption(request, WINHTTP_OPTION_SERVER_CERT_CONTEXT, &found, &size);
+  // A proxy is asked for the way: TLS begins behind it, and there this is called again.
+  if (!hasOne && GetLastError() == ERROR_WINHTTP_INCORRECT_HANDLE_STATE) return;
   const Certificate certificate(hasOne ? found : nullptr, &CertFreeCertificateContext);
   const std::wstring url = UrlOf(request);
   const bool plain = !certificate && _wcsnicmp(url.c_str(), L"https:", 6) != 0;
@@ -211,6 +213,15 @@ DWORD HttpError(void* request) {
   const DWORD code = GetLastError();  // before the lock, which clears it when it is the first
   Trust& trust = TheTrust();
   const std::lock_guard lock(trust.lock);
-  SetLastError(trust.refused.erase(request) != 0 ? ERROR_WINHTTP_SECURE_FAILURE : code);
+  SetLastError(trust.refused.count(request) != 0 ? ERROR_WINHTTP_SECURE_FAILURE : code);
   return GetLastError();
+}
+
+void CloseRequest(void* request) {
+  Trust& trust = TheTrust();
+  {
+    const std::lock_guard lock(trust.lock);
+    if (trust.refused.erase(request) != 0) return;
+  }
+  WinHttpCloseHandle(request);
 }

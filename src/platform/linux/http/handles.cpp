@@ -57,3 +57,7 @@ BOOL WinHttpCloseHandle(HINTERNET handle) {
 DWORD HttpError(void*) {
   return GetLastError();
 }
+
+void CloseRequest(void* request) {
+  WinHttpCloseHandle(request);
+}
