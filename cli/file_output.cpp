@@ -54,9 +54,10 @@ bool FileOutput::Open(const std::string& name) {
   return m_File.is_open();
 }
 
-void FileOutput::Put(std::string_view bytes) {
+bool FileOutput::Put(std::string_view bytes) {
   m_Piece += bytes;
   if (m_Piece.size() >= kPiece) Flush();
+  return m_ToProgram || m_File.good();
 }
 
 void FileOutput::Flush() {

@@ -22,7 +22,8 @@ class FileOutput {
   // An empty name is the output of the program. False when nothing can be written there. What is there stays until
   // Finish; devices and pipes are written at once.
   bool Open(const std::string& name);
-  void Put(std::string_view bytes);
+  // False: a file has not taken what came before, and more is in vain.
+  bool Put(std::string_view bytes);
   // Whether all of it is in its place. An output that fails leaves what was there.
   bool Finish();
 

@@ -100,9 +100,8 @@ bool Answer::TakePiece(const char* data, std::size_t size) {
   const std::string_view piece(data, size);
   m_Received += static_cast<std::int64_t>(size);
   if (m_Progress) m_Progress->Add(size);
-  if (!m_Options.output.empty())
-    m_File.Put(piece);
-  else if (m_Options.json)
+  if (!m_Options.output.empty()) return m_File.Put(piece);
+  if (m_Options.json)
     m_Body += piece;
   else
     Print(piece);

@@ -19,10 +19,11 @@ std::string HttpErrorText(unsigned code, const UrlComponents& url, const Options
     unsigned code;
     Text text;
   } known[] = {
-      {12002, Text::HttpTimeout},     {12004, Text::HttpInternal},   {12007, Text::HttpNoHost},
-      {12017, Text::HttpEnded},       {12029, Text::HttpNoService},  {12030, Text::HttpBroke},
-      {12032, Text::HttpResend},      {12150, Text::HttpNoLocation}, {12152, Text::HttpNoHttp},
-      {12156, Text::HttpRedirection}, {12175, Text::HttpNotTrusted}, {12183, Text::HttpHeadTooLong},
+      {12002, Text::HttpTimeout},     {12004, Text::HttpInternal},    {12005, Text::NoUrl},
+      {12007, Text::HttpNoHost},      {12017, Text::HttpEnded},       {12029, Text::HttpNoService},
+      {12030, Text::HttpBroke},       {12032, Text::HttpResend},      {12150, Text::HttpNoLocation},
+      {12152, Text::HttpNoHttp},      {12156, Text::HttpRedirection}, {12175, Text::HttpNotTrusted},
+      {12183, Text::HttpHeadTooLong},
   };
   if (IsOfFile(code)) return Joined({options.authority, ": ", StatusText(static_cast<long>(code))});
   for (const auto& row : known)
