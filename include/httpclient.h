@@ -44,7 +44,7 @@ class QEL_API WinHttpException : public Qel::Sys::Exceptions::qel_exception {
   //   2, 3, 5  the file of authorities cannot be read
   //   12002    a time-out           12005  an address that cannot be asked    12007  no such host
   //   12017    ended by Cancel, or a body larger than SetMaxContent allows
-  //   12029    no connection        12030  the connection broke               12032  a redirection wants the body again
+  //   12029    no connection        12030  the connection broke               12032  the body would be needed again
   //   12152    no HTTP              12153  a header line without a colon      12156  too many redirections
   //   12175    a certificate that is not trusted, or another failure of TLS    12183  headers of more than 64 KB
   DWORD GetErrorCode() const noexcept { return m_Code; }

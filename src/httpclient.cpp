@@ -20,7 +20,7 @@ constexpr int kLineOfSendRequest = 312;
 constexpr DWORD kCancelled = 12017;
 constexpr DWORD kConnectionBroke = 12030;
 constexpr DWORD kRoomTooSmall = 122;
-constexpr DWORD kNotModified = 304;  // has no body, whatever length it announces
+constexpr DWORD kNoContent = 204, kNotModified = 304;  // have no body, whatever length they announce
 constexpr DWORD kUpToTerminator = 0xFFFFFFFF;
 constexpr unsigned long long kMostToSend = 0xFFFFFFFF;
 
@@ -189,7 +189,8 @@ HttpResponse HttpClient::SendForBytes(const wchar_t* verb, const wchar_t* url, c
   HttpResponse response;
   Request request(m_Call);
   if (!Send(verb, url, body, request, response)) return response;
-  if (!head || head(response)) ReceiveBytes(request.Handle(), sink, response.status != kNotModified);
+  const bool hasBody = response.status != kNoContent && response.status != kNotModified;
+  if (!head || head(response)) ReceiveBytes(request.Handle(), sink, hasBody);
   return response;
 }
 

@@ -51,6 +51,12 @@ RAW = {
     "lenhuge": (b"HTTP/1.1 200 OK\r\nContent-Length: 99999999999999999999\r\n\r\nhello", END),
     "lenlong": (b"HTTP/1.1 200 OK\r\nContent-Length: 1000000000000000000\r\n\r\nhello", END),
     "lensmall": (b"HTTP/1.1 200 OK\r\nContent-Length: 3\r\n\r\nhello", False),
+    "bothlong": (b"HTTP/1.1 200 OK\r\nContent-Length: 100\r\nTransfer-Encoding: chunked\r\n\r\n" + chunk(b"hello") +
+                 chunk(b""), False),
+    "nocontent": (b"HTTP/1.1 204 No Content\r\nContent-Length: 5\r\n\r\n", False),
+    "lonecr": (b"HTTP/1.1 302 Found\r\nX-A: b\rLocation: /made/ok\r\nContent-Length: 0\r\n\r\n", False),
+    "endlessinfo": ((CONTINUE[:-2] + b"X-A: b\r\n\r\n") * 99999, END),
+    "endlesstrailer": (CHUNKED + chunk(b"hello") + b"0\r\n" + b"X-T: value\r\n" * 299999, END),
     "dup": (reply(b"hi", headers=[b"Set-Cookie: a=1", b"X-D: 1", b"Set-Cookie: b=2; Path=/", b"X-D: 2"]), False),
     "case": (reply(b"hi", headers=[b"x-lower: v", b"X-UPPER:nospace", b"X-Trail: v  ", b"X-Empty:",
                                    b"X-Colon: a:b: c"]), False),
@@ -211,6 +217,15 @@ def path(x, first):
 @answer
 def redir(x):
     moved(x, b"Location: " + path(x, 1))
+
+
+@answer
+def redirdrip(x):
+    """To "ok", with a body that takes longer than anybody waits."""
+    x.send(b"HTTP/1.1 302 Found\r\nLocation: %s/ok\r\nContent-Length: 9999\r\n\r\n" % path(x, len(x.arguments)))
+    while True:
+        time.sleep(PAUSE)
+        x.send(b"x")
 
 
 @answer

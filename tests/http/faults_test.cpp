@@ -135,3 +135,18 @@ TEST(HttpFaultsTest, AServerThatDoesNotReadEndsTheSending) {
       [&] { client.PostBytes(ServerUrl(fault.server, fault.path).c_str(), body.data(), body.size(), sink); });
   Expect(fault, "PostBytes", "raises " + std::to_string(code), fault.get, "raises 10060");
 }
+
+// What Windows does about these is its own business.
+TEST(LinuxHttpFaultsTest, AnswersWhosePartsHaveNoEndOrContradictEachOther) {
+  if (RunsOnWindows()) GTEST_SKIP() << "WinHTTP alone decides there";
+  const Fault faults[] = {
+      {"interim answers without end", "http", "/f/endlessinfo", "raises 12183", "raises 12183 after 0 bytes"},
+      {"lines behind the body without end", "http", "/f/endlesstrailer", "200 hello, error 12183",
+       "raises 12183 after 5 bytes"},
+      {"a redirection that drips", "http", "/f/redirdrip", "200 ok\\u0020body", "200 7 bytes"},
+      {"a redirection behind a lone CR", "http", "/f/lonecr", "raises 12150", "raises 12150 after 0 bytes"},
+      {"chunks beside another length", "http", "/f/bothlong", "200 hello", "200 5 bytes"},
+      {"no content, with a length", "http", "/f/nocontent", "204 <empty>", "204 0 bytes"},
+  };
+  for (const Fault& fault : faults) Meet(fault, kShort);
+}

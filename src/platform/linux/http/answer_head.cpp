@@ -18,9 +18,10 @@ bool IsInterim(DWORD status) {
 }  // namespace
 
 bool AnswerHead::AddLine(std::string_view line) {
-  if (m_Complete) return true;
   line = WithoutEnd(line);
-  if (m_Text.size() + line.size() + 2 > kMost) return false;
+  m_Received += line.size() + 2;
+  if (m_Received > kMost) return false;
+  if (m_Complete) return true;
   m_Text.append(line).append("\r\n");
   if (!line.empty()) return true;
   m_Complete = !IsInterim(Status());
@@ -41,9 +42,9 @@ DWORD AnswerHead::Status() const {
 }
 
 std::optional<std::string_view> AnswerHead::Find(std::string_view name) const {
-  std::string_view rest = m_Text;
-  while (!rest.empty()) {
-    const std::string_view line = TakeLine(rest);
+  // A lone CR ends no line here: behind it a server may repeat what somebody else made up.
+  for (std::size_t at = 0, end; (end = m_Text.find("\r\n", at)) != m_Text.npos; at = end + 2) {
+    const auto line = std::string_view(m_Text).substr(at, end - at);
     if (IsHeader(line, name)) return HeaderValue(line);
   }
   return {};

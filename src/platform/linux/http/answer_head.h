@@ -10,8 +10,8 @@
 
 class AnswerHead {
  public:
-  // A line with its end. Lines of interim answers and those behind the body do not count. False: the head is longer
-  // than Windows takes (64 KB).
+  // A line with its end. Lines of interim answers and those behind the body are left out. False: all of them together
+  // are longer than Windows takes of a head (64 KB); a server could send them without end.
   bool AddLine(std::string_view line);
   // Has the empty line that ends the final answer's head come?
   bool IsComplete() const { return m_Complete; }
@@ -25,6 +25,7 @@ class AnswerHead {
 
  private:
   std::string m_Text;
+  std::size_t m_Received = 0;  // with what is left out
   bool m_Complete = false;
 };
 

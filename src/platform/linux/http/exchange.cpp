@@ -132,7 +132,7 @@ DWORD Exchange::Wait(Direction direction) {
   if (m_Cancelled) return kHttpCancelled;
   if (Curl().multiPoll(m_Lane.multi, nullptr, 0, left, &moved) != CURLM_OK) return kHttpInternalError;
   if (m_Cancelled) return kHttpCancelled;
-  if (moved > 0 && phase >= Phase::Send) m_Deadline.Restart();
+  if (moved > 0 && phase >= Phase::Send && !m_DropBody) m_Deadline.Restart();
   return 0;
 }
 

@@ -40,7 +40,8 @@ class Exchange {
   // Until some of the body is held, or at its end nothing. What is held never ends within a character of UTF-8,
   // except at the end.
   DWORD ReceiveBody();
-  // Until the end of a body that nobody wants; one that is long ends with the connection.
+  // Until the end of a body that nobody wants; one that is long, or takes longer than one wait, ends with the
+  // connection.
   void DropBody();
 
   const AnswerHead& Head() const { return m_Head; }

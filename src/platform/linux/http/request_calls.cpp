@@ -20,6 +20,7 @@ DWORD GiveNumber(DWORD number, void* buffer, DWORD* size) {
 }
 
 DWORD GiveLength(const AnswerHead& head, void* buffer, DWORD* size) {
+  if (head.Find("Transfer-Encoding")) return kHttpHeaderNotFound;  // which then tells the length
   const auto text = head.Find("Content-Length");
   DWORD length = 0;
   const bool isNumber =
