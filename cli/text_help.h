@@ -7,8 +7,8 @@
 namespace Cli {
 
 constexpr TextEntry kHelpTexts[] = {
-    {Text::About, "Dates in the Gregorian and the Hijri calendar, and numbers, as QelCoreTypes reads them.",
-     "التواريخ الميلادية والهجرية والأعداد كما تقرؤها QelCoreTypes."},
+    {Text::About, "What the library QelCoreTypes does, from the command line",
+     "ما تؤديه مكتبة QelCoreTypes، من سطر الأوامر"},
     {Text::Date, "Read dates as they are typed and show the stored day in both calendars",
      "قراءة التواريخ كما تكتب وعرض اليوم المخزن بالتقويمين"},
     {Text::DateAdd, "Add days, months or years to a date", "إضافة أيام أو أشهر أو سنوات إلى تاريخ"},

@@ -7,10 +7,13 @@
 #include <memory>
 #include <string>
 
+#include "host_entries_export.h"  // made by CMake
+#include "host_pane_export.h"
+
 // entries_module.cpp: opens the entry with a number, and tells the user through the application's IAppUX.
-std::shared_ptr<IEntryServices> MakeEntries();
+HOST_ENTRIES_EXPORT std::shared_ptr<IEntryServices> MakeEntries();
 
 // pane_module.cpp: shows what it is told as a pane of information, in RTF and HTML files in `folder` (UTF-8).
-std::shared_ptr<IAppUX> MakePane(const std::string& folder);
+HOST_PANE_EXPORT std::shared_ptr<IAppUX> MakePane(const std::string& folder);
 
 #endif  // HOST_MODULES_H
