@@ -175,11 +175,22 @@ class Replay {
     ask.verb = L"GET";
     ask.path = L"/saw" + path.substr(0, path.find(L'/', 1));
     // Wine gives a redirected POST up as it sends it, so the server may read it a moment later.
-    const std::string recorded = SortedLines(row["server_saw"]);
+    const std::size_t recorded = CountRequests(row["server_saw"]);
     std::string saw;
-    for (int asked = 0; asked == 0 || (RunsUnderWine() && asked < 50 && saw != recorded); ++asked)
-      saw = SortedLines(AsRecorded(Perform(*m_Connection, ask).content));
-    CompareOne(row, "server_saw", saw, SortedLines);
+    for (int asked = 0; asked == 0 || (RunsUnderWine() && asked < 50 && CountRequests(saw) < recorded);
+         ++asked) {
+      const std::string more = AsRecorded(Perform(*m_Connection, ask).content);
+      if (!saw.empty() && !more.empty()) saw += " || ";
+      saw += more;
+    }
+    CompareOne(row, "server_saw", SortedLines(saw), SortedLines);
+  }
+
+  static std::size_t CountRequests(const std::string& saw) {
+    constexpr std::string_view kBody = "{BODY}";
+    std::size_t count = 0;
+    for (std::size_t at = saw.find(kBody); at != saw.npos; at = saw.find(kBody, at + 1)) ++count;
+    return count;
   }
 
   // With the ports of the recording.

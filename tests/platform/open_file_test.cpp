@@ -2,6 +2,7 @@
 
 #include <fstream>
 #include <iterator>
+#include <locale>
 #include <sstream>
 #include <string>
 #include <thread>
@@ -125,6 +126,7 @@ std::string Answer(HANDLE file, const std::string& call) {
     BY_HANDLE_FILE_INFORMATION found{};
     const BOOL done = GetFileInformationByHandle(file, &found);
     std::ostringstream output;
+    output.imbue(std::locale::classic());
     output << "size=" << found.nFileSizeLow << " attr=" << std::hex << found.dwFileAttributes;
     return Recorded(done, output.str());
   }
@@ -160,6 +162,7 @@ TEST_F(OpenFileTest, NamesFilesAsWindowsDoes) {
     const auto name = Name(row);
     SetLastError(0xDEAD);
     std::ostringstream answer;
+    answer.imbue(std::locale::classic());
     answer << std::hex << std::uppercase << GetFileAttributesW(name ? name->c_str() : nullptr) << std::dec;
     answer << (GetLastError() == 0xDEAD ? std::string(" -")
                                         : std::string(" ").append(std::to_string(GetLastError())));
