@@ -34,7 +34,8 @@ std::wstring_view TMetricsText::LevelName(ABT_LOGLEVEL level) {
   constexpr std::array<std::wstring_view, 6> kNames = {L"0:None",      L"1:Error", L"2:Warning",
                                                        L"3:Important", L"4:Info",  L"5:Verbose"};
   const auto index = static_cast<std::size_t>(level);
-  return index < kNames.size() ? kNames[index] : L"9:Unknown";
+  if (index >= kNames.size()) return L"9:Unknown";
+  return kNames[index];
 }
 
 const wchar_t* TBTLogBase::GetLevelName(ABT_LOGLEVEL level) {

@@ -173,6 +173,7 @@ bool TBTLogFile::WriteBytes(std::string_view bytes) {
   if (m_File == INVALID_HANDLE_VALUE || !std::in_range<DWORD>(bytes.size())) return false;
   const auto size = static_cast<DWORD>(bytes.size());
   DWORD written = 0;
+  // cppcheck-suppress danglingTemporaryLifetime ; the caller's text lives until this returns
   if (WriteFile(m_File, bytes.data(), size, &written, nullptr) && written == size) {
     m_Size += size;
     return true;

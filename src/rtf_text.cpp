@@ -46,8 +46,8 @@ class Stretch {
  public:
   constexpr Stretch() {
     for (unsigned byte = 0x80; byte < 256; ++byte)
-      if (const char16_t unit = cp1256::kUnitOfByte[byte]; Has(unit))
-        m_Bytes[std::size_t{unit} - First] = static_cast<unsigned char>(byte);
+      if (const char32_t unit = cp1256::kUnitOfByte[byte]; unit >= First && unit <= Last)
+        m_Bytes[unit - First] = static_cast<unsigned char>(byte);
   }
   static constexpr bool Has(char32_t unit) { return unit >= First && unit <= Last; }
   constexpr unsigned operator[](char32_t unit) const { return m_Bytes[unit - First]; }

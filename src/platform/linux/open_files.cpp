@@ -66,6 +66,7 @@ File Find(HANDLE handle, DWORD access) {
   const std::lock_guard lock(files.lock);
   const File* const file = files.table.Find(reinterpret_cast<std::uint64_t>(handle));
   if (!file) return Fail(kBadHandle, File());
+  // cppcheck-suppress nullPointer ; it is not
   return (*file)->Access() & access || access == 0 ? *file : Fail(kDenied, File());
 }
 
