@@ -9,7 +9,6 @@ namespace Qel {
 
 namespace {
 
-constexpr UINT kCodePage1256 = 1256;
 constexpr char32_t kAsciiEnd = 0x80;
 constexpr char32_t kUnitEnd = 0x10000;
 
@@ -42,7 +41,7 @@ TDecodedCharacter DecodeUtf8(std::string_view bytes) {
 
 char32_t UnitOf1256(char byte) {
   wchar_t unit = L'\0';
-  MultiByteToWideChar(kCodePage1256, 0, &byte, 1, &unit, 1);
+  MultiByteToWideChar(kArabicCodePage, 0, &byte, 1, &unit, 1);
   return static_cast<char32_t>(unit);
 }
 
@@ -76,7 +75,7 @@ TEncodedCharacter EncodeNarrow(UINT codePage, char32_t character) {
   TEncodedCharacter encoded{{}, 0, true};
   encoded.size = WideCharToMultiByte(codePage, 0, text.units, text.count, encoded.bytes, sizeof encoded.bytes,
                                      nullptr, nullptr);
-  if (codePage == kCodePage1256) encoded.exact = UnitOf1256(encoded.bytes[0]) == character;
+  if (codePage == kArabicCodePage) encoded.exact = UnitOf1256(encoded.bytes[0]) == character;
   return encoded;
 }
 
@@ -100,7 +99,7 @@ TEncodedCharacter EncodeCharacter(TextEncoding encoding, char32_t character) {
     case TextEncoding::Utf16BE:
       return EncodeUnits(character, encoding == TextEncoding::Utf16BE);
     default:
-      return EncodeNarrow(encoding == TextEncoding::Utf8 ? CP_UTF8 : kCodePage1256, character);
+      return EncodeNarrow(encoding == TextEncoding::Utf8 ? CP_UTF8 : kArabicCodePage, character);
   }
 }
 
