@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr int kClosedReadLine = 133;  // crash reports are grouped by it
+constexpr int kLineOfRead = 133;  // crash reports are grouped by it
 constexpr DWORD kEndOfFile = 38;
 
 struct Opening {
@@ -122,7 +122,7 @@ const wchar_t* TPXFile::GetFileName() const {
 }
 
 int TPXFile::Read(void* buffer, unsigned int size) {
-  QEL_REQUIRE_AT(IsOpen(), L"hFile != INVALID_HANDLE_VALUE", QEL_SOURCE, kClosedReadLine);
+  QEL_REQUIRE_AT(IsOpen(), L"hFile != INVALID_HANDLE_VALUE", QEL_SOURCE, kLineOfRead);
   GiveBackAhead();
   DWORD count = 0;
   const bool read = Done(ReadFile(m_Handle, buffer, size, &count, nullptr) != 0);
